@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs what the build, the demo host and the tests need on Debian 12, and
+# fetches the UI fonts into data/ttf. Safe to run again.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+packages=(
+    build-essential cmake pkg-config clang libclang-rt-14-dev
+    libsdl2-dev libsdl2-ttf-dev libsdl2-image-dev
+    libgtest-dev libgmock-dev libbenchmark-dev
+    fonts-dejavu-core woff2 npm
+    xvfb xauth libx11-dev libxtst-dev
+)
+
+missing=()
+for p in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ "${#missing[@]}" -gt 0 ]; then
+    sudo_cmd=""
+    [ "$(id -u)" -ne 0 ] && sudo_cmd="sudo"
+    $sudo_cmd apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive $sudo_cmd apt-get install -y -qq "${missing[@]}" >/dev/null
+fi
+
+bash scripts/fetch_fonts.sh

@@ -1,0 +1,129 @@
+// String, path and file helpers of the utility stand-in.
+#include "zorvane/utils.h"
+
+#include <fstream>
+#include <iterator>
+#include <system_error>
+#include <vector>
+
+namespace zorvane::utils {
+
+namespace {
+
+bool IsContinuationByte(unsigned char byte) {
+    return (byte & 0xC0u) == 0x80u;
+}
+
+bool IsSeparator(char c) {
+    return c == '/' || c == '\\';
+}
+
+// Byte offsets at which the UTF-8 characters of `text` begin.
+std::vector<std::size_t> CharacterStarts(std::string_view text) {
+    std::vector<std::size_t> starts;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (i == 0 || !IsContinuationByte(static_cast<unsigned char>(text[i]))) {
+            starts.push_back(i);
+        }
+    }
+    return starts;
+}
+
+}  // namespace
+
+std::string ascii_to_lower(std::string_view text) {
+    std::string lowered(text);
+    for (char& c : lowered) {
+        if (c >= 'A' && c <= 'Z') {
+            c = static_cast<char>(c - 'A' + 'a');
+        }
+    }
+    return lowered;
+}
+
+std::string ellipsize_left(std::string_view text, unsigned long long max_chars) {
+    std::vector<std::size_t> const starts = CharacterStarts(text);
+    if (starts.size() <= max_chars) {
+        return std::string(text);
+    }
+    constexpr std::string_view kMarker = "...";
+    if (max_chars <= kMarker.size()) {
+        if (max_chars == 0) {
+            return {};
+        }
+        return std::string(text.substr(starts[starts.size() - max_chars]));
+    }
+    std::size_t const kept = static_cast<std::size_t>(max_chars) - kMarker.size();
+    std::string result(kMarker);
+    result.append(text.substr(starts[starts.size() - kept]));
+    return result;
+}
+
+bool is_allowed_filename_char(char c) {
+    auto const byte = static_cast<unsigned char>(c);
+    if (byte < 0x20u || byte == 0x7Fu) {
+        return false;
+    }
+    switch (c) {
+        case '/':
+        case '\\':
+        case ':':
+        case '*':
+        case '?':
+        case '"':
+        case '<':
+        case '>':
+        case '|':
+            return false;
+        default:
+            return true;
+    }
+}
+
+std::string filename_from_path(std::string_view path) {
+    std::size_t end = path.size();
+    while (end > 0 && IsSeparator(path[end - 1])) {
+        --end;
+    }
+    std::size_t begin = end;
+    while (begin > 0 && !IsSeparator(path[begin - 1])) {
+        --begin;
+    }
+    return std::string(path.substr(begin, end - begin));
+}
+
+std::string stem_or_filename_from_path(std::string_view path, std::string_view fallback) {
+    std::string name = filename_from_path(path);
+    if (name.empty() || name == "." || name == "..") {
+        return std::string(fallback);
+    }
+    std::size_t const dot = name.rfind('.');
+    if (dot != std::string::npos && dot > 0) {
+        name.erase(dot);
+    }
+    return name;
+}
+
+bool read_text_file(std::filesystem::path const& path, std::string& text, std::string& error,
+                    char const* open_error, char const* read_error) {
+    text.clear();
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec)) {
+        error = open_error != nullptr ? open_error : "";
+        return false;
+    }
+    std::ifstream stream(path, std::ios::in | std::ios::binary);
+    if (!stream.is_open()) {
+        error = open_error != nullptr ? open_error : "";
+        return false;
+    }
+    std::string content((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+    if (stream.bad()) {
+        error = read_error != nullptr ? read_error : "";
+        return false;
+    }
+    text = std::move(content);
+    return true;
+}
+
+}  // namespace zorvane::utils

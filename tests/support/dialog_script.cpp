@@ -1,0 +1,170 @@
+// The heartbeat-driven dialog script and its event helpers.
+#include "support/dialog_script.h"
+
+#include "gui/frame.h"
+
+namespace ztest {
+
+void PushEvent(SDL_Event event) {
+    SDL_PushEvent(&event);
+}
+
+DialogScript::DialogScript() {
+    zorvane::frontend::gui::SetModalDialogHeartbeat([this] { Beat(); });
+}
+
+DialogScript::~DialogScript() {
+    zorvane::frontend::gui::SetModalDialogHeartbeat(nullptr);
+}
+
+DialogScript& DialogScript::At(int frame, Step step) {
+    steps_[frame].push_back(std::move(step));
+    last_step_frame_ = std::max(last_step_frame_, frame);
+    return *this;
+}
+
+DialogScript& DialogScript::Then(Step step, int frames) {
+    return At(last_step_frame_ + frames, std::move(step));
+}
+
+void DialogScript::Beat() {
+    ++frame_;
+    auto const it = steps_.find(frame_);
+    if (it != steps_.end()) {
+        // Steps may add further steps, so run them from a copy.
+        std::vector<Step> const due = it->second;
+        for (Step const& step : due) {
+            step(*this);
+        }
+    }
+    if (frame_ > last_step_frame_ + grace_frames_) {
+        timed_out_ = true;
+        Quit();
+    }
+}
+
+SDL_Window* DialogScript::Window() const {
+    return TopWindow();
+}
+
+Uint32 DialogScript::WindowId() const {
+    SDL_Window* window = Window();
+    return window != nullptr ? SDL_GetWindowID(window) : 0;
+}
+
+Frame DialogScript::Capture() const {
+    return FrameOfWindow(WindowId());
+}
+
+void DialogScript::Key(SDL_Keycode sym, bool repeat) const {
+    SDL_Event event{};
+    event.type = SDL_KEYDOWN;
+    event.key.windowID = WindowId();
+    event.key.state = SDL_PRESSED;
+    event.key.repeat = repeat ? 1 : 0;
+    event.key.keysym.sym = sym;
+    event.key.keysym.scancode = SDL_GetScancodeFromKey(sym);
+    PushEvent(event);
+}
+
+void DialogScript::Text(char const* text) const {
+    SDL_Event event{};
+    event.type = SDL_TEXTINPUT;
+    event.text.windowID = WindowId();
+    SDL_strlcpy(event.text.text, text, sizeof(event.text.text));
+    PushEvent(event);
+}
+
+void DialogScript::Press(int x, int y, Uint8 button, Uint8 clicks) const {
+    SDL_Event event{};
+    event.type = SDL_MOUSEBUTTONDOWN;
+    event.button.windowID = WindowId();
+    event.button.button = button;
+    event.button.state = SDL_PRESSED;
+    event.button.clicks = clicks;
+    event.button.x = x;
+    event.button.y = y;
+    PushEvent(event);
+}
+
+void DialogScript::Release(int x, int y, Uint8 button, Uint8 clicks) const {
+    SDL_Event event{};
+    event.type = SDL_MOUSEBUTTONUP;
+    event.button.windowID = WindowId();
+    event.button.button = button;
+    event.button.state = SDL_RELEASED;
+    event.button.clicks = clicks;
+    event.button.x = x;
+    event.button.y = y;
+    PushEvent(event);
+}
+
+void DialogScript::Click(int x, int y, Uint8 clicks) const {
+    Press(x, y, SDL_BUTTON_LEFT, clicks);
+    Release(x, y, SDL_BUTTON_LEFT, clicks);
+}
+
+void DialogScript::Motion(int x, int y) const {
+    SDL_Event event{};
+    event.type = SDL_MOUSEMOTION;
+    event.motion.windowID = WindowId();
+    event.motion.x = x;
+    event.motion.y = y;
+    PushEvent(event);
+}
+
+void DialogScript::Wheel(int y) const {
+    SDL_Event event{};
+    event.type = SDL_MOUSEWHEEL;
+    event.wheel.windowID = WindowId();
+    event.wheel.y = y;
+    event.wheel.direction = SDL_MOUSEWHEEL_NORMAL;
+    PushEvent(event);
+}
+
+void DialogScript::Quit() const {
+    SDL_Event event{};
+    event.type = SDL_QUIT;
+    PushEvent(event);
+}
+
+void DialogScript::WindowEvent(Uint8 window_event, int data1, int data2) const {
+    SDL_Event event{};
+    event.type = SDL_WINDOWEVENT;
+    event.window.windowID = WindowId();
+    event.window.event = window_event;
+    event.window.data1 = data1;
+    event.window.data2 = data2;
+    PushEvent(event);
+}
+
+void DialogScript::CloseWindow() const {
+    WindowEvent(SDL_WINDOWEVENT_CLOSE);
+}
+
+void DialogScript::Hover(int x, int y) const {
+    char const* driver = SDL_GetCurrentVideoDriver();
+    if (driver != nullptr && SDL_strcmp(driver, "x11") == 0) {
+        SDL_WarpMouseInWindow(Window(), x, y);
+        return;
+    }
+    ScriptedPointer& pointer = Pointer();
+    pointer.active = true;
+    pointer.window = Window();
+    pointer.x = x;
+    pointer.y = y;
+}
+
+void DialogScript::Leave() const {
+    ScriptedPointer& pointer = Pointer();
+    pointer.active = true;
+    pointer.window = nullptr;
+}
+
+void DialogScript::HoldLeftButton(bool down) const {
+    ScriptedPointer& pointer = Pointer();
+    pointer.active = true;
+    pointer.buttons = down ? SDL_BUTTON_LMASK : 0;
+}
+
+}  // namespace ztest

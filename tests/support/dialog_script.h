@@ -1,0 +1,76 @@
+// Frame-by-frame scripting of a dialog through the modal heartbeat. The script is
+// the heartbeat while it lives: on the frames it names it pushes events, looks at
+// the dialog's window or reads its last presented frame, so that an exported
+// Show... function runs its real loop under the test's hand.
+#pragma once
+
+#include "support/sdl_recorder.h"
+
+#include <functional>
+#include <map>
+#include <vector>
+
+namespace ztest {
+
+class DialogScript {
+public:
+    using Step = std::function<void(DialogScript&)>;
+
+    // Registers the script as the heartbeat.
+    DialogScript();
+    // Clears the heartbeat.
+    ~DialogScript();
+    DialogScript(DialogScript const&) = delete;
+    DialogScript& operator=(DialogScript const&) = delete;
+
+    // Runs `step` at heartbeat number `frame`, counted from 0 over all dialogs.
+    DialogScript& At(int frame, Step step);
+    // Runs `step` `frames` heartbeats after the step added last (1 is the next one).
+    DialogScript& Then(Step step, int frames = 1);
+
+    // After the last step the dialog gets this many more frames; then the script
+    // pushes SDL_QUIT on every frame and counts the run as timed out.
+    void set_grace_frames(int frames) { grace_frames_ = frames; }
+    bool timed_out() const { return timed_out_; }
+    int frame() const { return frame_; }
+
+    // The newest open window (the innermost dialog) and its ID.
+    SDL_Window* Window() const;
+    Uint32 WindowId() const;
+    // The last presented frame of the newest open window.
+    Frame Capture() const;
+
+    // Events, pushed into SDL's queue for the newest open window.
+    void Key(SDL_Keycode sym, bool repeat = false) const;
+    void Text(char const* text) const;
+    void Press(int x, int y, Uint8 button = SDL_BUTTON_LEFT, Uint8 clicks = 1) const;
+    void Release(int x, int y, Uint8 button = SDL_BUTTON_LEFT, Uint8 clicks = 1) const;
+    void Click(int x, int y, Uint8 clicks = 1) const;
+    void Motion(int x, int y) const;
+    void Wheel(int y) const;
+    void Quit() const;
+    void CloseWindow() const;
+    void WindowEvent(Uint8 event, int data1 = 0, int data2 = 0) const;
+    // Puts the pointer over the newest window at (x, y), giving it the mouse focus:
+    // a real pointer move under X, the scripted pointer on other drivers.
+    void Hover(int x, int y) const;
+    // Takes the pointer out of every window (scripted pointer only).
+    void Leave() const;
+    // Holds or lets go of the left button (scripted pointer only; under X use
+    // the real pointer's buttons).
+    void HoldLeftButton(bool down) const;
+
+private:
+    void Beat();
+
+    std::map<int, std::vector<Step>> steps_;
+    int frame_ = -1;
+    int last_step_frame_ = -1;
+    int grace_frames_ = 300;
+    bool timed_out_ = false;
+};
+
+// Pushes any event into SDL's queue.
+void PushEvent(SDL_Event event);
+
+}  // namespace ztest

@@ -1,0 +1,93 @@
+// Records the SDL and SDL_ttf calls that the library makes, injects failures into
+// them, counts the objects they create, and keeps each window's last presented
+// frame. The test executable defines the SDL entry points itself, so the library's
+// calls land here first and reach SDL through dlsym(RTLD_NEXT, ...).
+#pragma once
+
+#include <SDL.h>
+#include <SDL_ttf.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ztest {
+
+// One recorded call: its name, its text argument (title, path, URL) and its
+// numeric arguments in order. `object` is the window, renderer or font it acted on.
+struct SdlCall {
+    std::string name;
+    std::string text;
+    std::vector<long long> args;
+    void const* object = nullptr;
+};
+
+// A frame read back from a renderer just before it was presented.
+struct Frame {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels;  // ARGB8888, row by row
+
+    bool empty() const { return pixels.empty(); }
+    // The colour at (x, y); alpha is always 255 on a window frame.
+    SDL_Color At(int x, int y) const;
+};
+
+// What the recorder injects into the calls.
+struct SdlFaults {
+    bool fail_window_creation = false;
+    bool fail_accelerated_renderer = false;
+    bool fail_software_renderer = false;
+    bool fail_ttf_init = false;
+    bool skip_delays = false;  // record SDL_Delay without sleeping
+    // When set, TTF_OpenFont fails at once for every path it refuses.
+    std::function<bool(std::string const& path)> allow_font_path;
+};
+
+// A pointer that the script places by hand, for video drivers that have no real
+// one: while `active`, SDL_GetMouseFocus and SDL_GetMouseState report it.
+struct ScriptedPointer {
+    bool active = false;
+    SDL_Window* window = nullptr;  // the window that has the mouse focus, may be null
+    int x = 0;
+    int y = 0;
+    Uint32 buttons = 0;  // SDL_BUTTON masks held down
+};
+
+// Objects created through the recorded calls that are not yet released.
+struct LiveObjects {
+    int windows = 0;
+    int renderers = 0;
+    int textures = 0;
+    int surfaces = 0;
+    int fonts = 0;
+};
+
+// Clears the log, the faults, the scripted pointer and the frames. Live counts stay: they describe
+// SDL.
+void ResetRecorder();
+SdlFaults& Faults();
+ScriptedPointer& Pointer();
+
+std::vector<SdlCall> RecordedCalls();
+std::vector<SdlCall> RecordedCalls(std::string_view name);
+std::vector<std::string> RecordedCallNames();
+int CountCalls(std::string_view name);
+void ClearRecordedCalls();
+
+LiveObjects CountLiveObjects();
+
+// The most recently created window that is still open, or null.
+SDL_Window* TopWindow();
+// Every window created since the last reset, in order of creation, by ID.
+std::vector<Uint32> CreatedWindowIds();
+
+// The last frame presented in the window with this ID (kept after it closed).
+Frame FrameOfWindow(Uint32 window_id);
+// The last frame presented in any window.
+Frame LastPresentedFrame();
+int PresentCount();
+
+}  // namespace ztest

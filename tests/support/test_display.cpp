@@ -1,0 +1,115 @@
+// SDL start-up for the tests, with a private Xvfb when the x11 driver has no display.
+#include "support/test_display.h"
+
+#include "gui/frame.h"
+#include "support/sdl_recorder.h"
+
+#include <SDL.h>
+#include <SDL_ttf.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace ztest {
+
+namespace {
+
+pid_t g_xvfb_pid = -1;
+
+// Starts Xvfb on a free display number, which it writes to a pipe once it is ready.
+bool StartXvfb() {
+    int fds[2];
+    if (pipe(fds) != 0) {
+        return false;
+    }
+    pid_t const pid = fork();
+    if (pid < 0) {
+        return false;
+    }
+    if (pid == 0) {
+        close(fds[0]);
+        // A collision on a display number is retried by the parent; keep its report quiet.
+        freopen("/dev/null", "w", stderr);
+        std::string const fd = std::to_string(fds[1]);
+        execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", "1280x1024x24",
+               "-nolisten", "tcp", "-noreset", static_cast<char*>(nullptr));
+        _exit(127);
+    }
+    close(fds[1]);
+    char buffer[32] = {};
+    ssize_t const n = read(fds[0], buffer, sizeof(buffer) - 1);
+    close(fds[0]);
+    if (n <= 0) {
+        kill(pid, SIGTERM);
+        waitpid(pid, nullptr, 0);
+        return false;
+    }
+    g_xvfb_pid = pid;
+    std::string display = ":" + std::string(buffer, std::strcspn(buffer, "\n"));
+    setenv("DISPLAY", display.c_str(), 1);
+    return true;
+}
+
+}  // namespace
+
+std::string VideoDriver() {
+    char const* driver = SDL_GetCurrentVideoDriver();
+    return driver != nullptr ? driver : "";
+}
+
+void StartTestDisplay() {
+    char const* requested = std::getenv("SDL_VIDEODRIVER");
+    if (requested == nullptr || requested[0] == '\0') {
+        setenv("SDL_VIDEODRIVER", "dummy", 1);
+        requested = "dummy";
+    }
+    if (std::strcmp(requested, "x11") == 0) {
+        char const* display = std::getenv("DISPLAY");
+        // Xvfb picks a free display itself; two test processes starting at the same
+        // moment can still collide on one number, so a failed start is tried again.
+        bool started = display != nullptr && display[0] != '\0';
+        for (int attempt = 0; attempt < 8 && !started; ++attempt) {
+            started = StartXvfb();
+            if (!started) {
+                usleep(100000u * static_cast<unsigned>(attempt + 1));
+            }
+        }
+        if (!started) {
+            std::fprintf(stderr, "cannot start Xvfb for the x11 tests\n");
+            std::exit(1);
+        }
+    }
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
+        std::exit(1);
+    }
+}
+
+void StopTestDisplay() {
+    zorvane::frontend::gui::ShutdownSdlUiCachedFonts();
+    if (TTF_WasInit() != 0) {
+        TTF_Quit();
+    }
+    SDL_Quit();
+    if (g_xvfb_pid > 0) {
+        kill(g_xvfb_pid, SIGTERM);
+        waitpid(g_xvfb_pid, nullptr, 0);
+        g_xvfb_pid = -1;
+    }
+}
+
+void DialogTest::SetUp() {
+    ResetRecorder();
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+}
+
+void DialogTest::TearDown() {
+    zorvane::frontend::gui::SetModalDialogHeartbeat(nullptr);
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+}
+
+}  // namespace ztest
