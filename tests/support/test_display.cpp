@@ -61,32 +61,42 @@ std::string VideoDriver() {
     return driver != nullptr ? driver : "";
 }
 
+void StopXvfb() {
+    if (g_xvfb_pid > 0) {
+        kill(g_xvfb_pid, SIGTERM);
+        waitpid(g_xvfb_pid, nullptr, 0);
+        g_xvfb_pid = -1;
+    }
+}
+
 void StartTestDisplay() {
     char const* requested = std::getenv("SDL_VIDEODRIVER");
     if (requested == nullptr || requested[0] == '\0') {
         setenv("SDL_VIDEODRIVER", "dummy", 1);
         requested = "dummy";
     }
-    if (std::strcmp(requested, "x11") == 0) {
-        char const* display = std::getenv("DISPLAY");
-        // Xvfb picks a free display itself; two test processes starting at the same
-        // moment can still collide on one number, so a failed start is tried again.
-        bool started = display != nullptr && display[0] != '\0';
-        for (int attempt = 0; attempt < 8 && !started; ++attempt) {
-            started = StartXvfb();
-            if (!started) {
-                usleep(100000u * static_cast<unsigned>(attempt + 1));
-            }
+    char const* display = std::getenv("DISPLAY");
+    bool const own_server =
+        std::strcmp(requested, "x11") == 0 && (display == nullptr || display[0] == '\0');
+    // Xvfb picks a free display itself; two test processes starting at the same moment
+    // can still collide on one number, so a server that does not answer is replaced.
+    for (int attempt = 0; attempt < 8; ++attempt) {
+        if (own_server && !StartXvfb()) {
+            usleep(100000u * static_cast<unsigned>(attempt + 1));
+            continue;
         }
-        if (!started) {
-            std::fprintf(stderr, "cannot start Xvfb for the x11 tests\n");
-            std::exit(1);
+        if (SDL_Init(SDL_INIT_VIDEO) == 0) {
+            return;
         }
-    }
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
-        std::exit(1);
+        if (!own_server) {
+            break;
+        }
+        SDL_Quit();
+        StopXvfb();
     }
+    std::fprintf(stderr, "cannot start the %s video driver for the tests\n", requested);
+    std::exit(1);
 }
 
 void StopTestDisplay() {
@@ -94,12 +104,12 @@ void StopTestDisplay() {
     if (TTF_WasInit() != 0) {
         TTF_Quit();
     }
-    SDL_Quit();
-    if (g_xvfb_pid > 0) {
-        kill(g_xvfb_pid, SIGTERM);
-        waitpid(g_xvfb_pid, nullptr, 0);
-        g_xvfb_pid = -1;
+    // SDL's X11 driver unloads libX11 on quit, which leaves the leak checker with
+    // allocations of an unknown module; under X the process simply ends instead.
+    if (VideoDriver() != "x11") {
+        SDL_Quit();
     }
+    StopXvfb();
 }
 
 void DialogTest::SetUp() {
