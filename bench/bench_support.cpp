@@ -1,0 +1,79 @@
+// SDL start-up, software windows and the ratio report of the benchmark programs.
+#include "bench_support.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+#include "gui/frame.h"
+
+namespace zbench {
+
+namespace {
+
+// Keeps each run's time per iteration while the console reporter prints as usual.
+class RecordingReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(std::vector<Run> const& runs) override {
+        for (Run const& run : runs) {
+            if (run.run_type == Run::RT_Iteration && run.iterations > 0) {
+                ns_per_iteration[run.benchmark_name()] =
+                    run.GetAdjustedRealTime() * (run.time_unit == benchmark::kMillisecond   ? 1e6
+                                                 : run.time_unit == benchmark::kMicrosecond ? 1e3
+                                                                                            : 1.0);
+            }
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+    std::map<std::string, double> ns_per_iteration;
+};
+
+}  // namespace
+
+SoftwareWindow::SoftwareWindow(int width, int height) {
+    window_ = SDL_CreateWindow("bench", 0, 0, width, height, SDL_WINDOW_HIDDEN);
+    renderer_ =
+        window_ != nullptr ? SDL_CreateRenderer(window_, -1, SDL_RENDERER_SOFTWARE) : nullptr;
+    if (renderer_ == nullptr) {
+        std::fprintf(stderr, "no software renderer: %s\n", SDL_GetError());
+        std::exit(1);
+    }
+}
+
+SoftwareWindow::~SoftwareWindow() {
+    SDL_DestroyRenderer(renderer_);
+    SDL_DestroyWindow(window_);
+}
+
+void ClearAndPresent(SDL_Renderer* renderer) {
+    SDL_SetRenderDrawColor(renderer, 18, 21, 27, 255);
+    SDL_RenderClear(renderer);
+    SDL_RenderPresent(renderer);
+}
+
+int RunWithRatios(int argc, char** argv,
+                  std::vector<std::pair<std::string, std::string>> const& case_and_floor) {
+    setenv("SDL_VIDEODRIVER", "dummy", 0);
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
+        return 1;
+    }
+    benchmark::Initialize(&argc, argv);
+    RecordingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    for (auto const& [name, floor] : case_and_floor) {
+        auto const c = reporter.ns_per_iteration.find(name);
+        auto const f = reporter.ns_per_iteration.find(floor);
+        if (c != reporter.ns_per_iteration.end() && f != reporter.ns_per_iteration.end() &&
+            f->second > 0.0) {
+            std::printf("ratio %s / %s = %.2f\n", name.c_str(), floor.c_str(),
+                        c->second / f->second);
+        }
+    }
+    benchmark::Shutdown();
+    zorvane::frontend::gui::ShutdownSdlUiCachedFonts();
+    SDL_Quit();
+    return 0;
+}
+
+}  // namespace zbench

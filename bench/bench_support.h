@@ -1,0 +1,39 @@
+// Shared pieces of the benchmark programs: SDL on the dummy video driver, a hidden
+// window with a software renderer, and a main that prints each measured case as a
+// ratio to the floor measured in the same run.
+#pragma once
+
+#include <SDL.h>
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zbench {
+
+// A hidden window of the given size with a software renderer, released on destruction.
+class SoftwareWindow {
+public:
+    SoftwareWindow(int width, int height);
+    ~SoftwareWindow();
+    SoftwareWindow(SoftwareWindow const&) = delete;
+    SoftwareWindow& operator=(SoftwareWindow const&) = delete;
+
+    SDL_Window* window() const { return window_; }
+    SDL_Renderer* renderer() const { return renderer_; }
+
+private:
+    SDL_Window* window_ = nullptr;
+    SDL_Renderer* renderer_ = nullptr;
+};
+
+// Clears and presents `renderer`: the least that any dialog turn costs.
+void ClearAndPresent(SDL_Renderer* renderer);
+
+// Runs the registered benchmarks, then prints "case / floor" for each pair, by the
+// benchmark names given. Starts SDL video on the dummy driver first.
+int RunWithRatios(int argc, char** argv,
+                  std::vector<std::pair<std::string, std::string>> const& case_and_floor);
+
+}  // namespace zbench
