@@ -10,7 +10,9 @@ namespace zorvane::frontend::gui {
 namespace {
 
 // isspace of the "C" locale, independent of the process's global locale.
-bool IsCSpace(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool IsCSpace(unsigned char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
 
 }  // namespace
 
