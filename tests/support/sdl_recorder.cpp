@@ -311,7 +311,7 @@ void SDL_StopTextInput(void) {
 // Never opens a browser or a native box during a test: both are recorded only.
 int SDL_OpenURL(char const* url) {
     Record("SDL_OpenURL", url != nullptr ? url : "");
-    return 0;
+    return Faults().fail_open_url ? -1 : 0;
 }
 
 int SDL_ShowSimpleMessageBox(Uint32 flags, char const* title, char const* message,

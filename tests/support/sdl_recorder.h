@@ -41,7 +41,8 @@ struct SdlFaults {
     bool fail_accelerated_renderer = false;
     bool fail_software_renderer = false;
     bool fail_ttf_init = false;
-    bool skip_delays = false;  // record SDL_Delay without sleeping
+    bool skip_delays = false;    // record SDL_Delay without sleeping
+    bool fail_open_url = false;  // SDL_OpenURL reports failure (it never opens anything)
     // When set, TTF_OpenFont fails at once for every path it refuses.
     std::function<bool(std::string const& path)> allow_font_path;
 };
