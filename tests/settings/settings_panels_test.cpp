@@ -14,7 +14,7 @@ using namespace zset;
 
 using Edit = std::function<void(SettingsDialogValues&)>;
 
-class Panels : public Canvas {
+class SettingsPanels : public Canvas {
 protected:
     // Draws `panel` once with the pointer at (x, y) and applies what it reports.
     RightPanelHitResult Frame(SettingsDialogValues* values, int panel, int x, int y, bool clicked,
@@ -35,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(Panels, EachGestureChangesExactlyTheFieldItNames) {
+TEST_F(SettingsPanels, EachGestureChangesExactlyTheFieldItNames) {
     int const y0 = PanelTop(true);
     int const y1 = y0 + 136;  // below the font mode group
     auto const row = [&](int i) { return y0 + 34 * i + 17; };
@@ -117,7 +117,7 @@ TEST_F(Panels, EachGestureChangesExactlyTheFieldItNames) {
     }
 }
 
-TEST_F(Panels, HitsCarryTheirValueInTheDocumentedField) {
+TEST_F(SettingsPanels, HitsCarryTheirValueInTheDocumentedField) {
     int const y0 = PanelTop(true);
     SettingsDialogValues values;
     values.hdd_sounds_enabled = true;

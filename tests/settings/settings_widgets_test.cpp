@@ -10,9 +10,9 @@ namespace {
 
 using namespace zset;
 
-class Widgets : public Canvas {};
+class SettingsWidgets : public Canvas {};
 
-TEST_F(Widgets, CheckboxRowReachesLeftOfTheBoxAndIsHalfOpen) {
+TEST_F(SettingsWidgets, CheckboxRowReachesLeftOfTheBoxAndIsHalfOpen) {
     int const rh = std::max(TTF_FontHeight(body_font_.get()), 16) + 10;
     struct Case {
         int mx, my;
@@ -43,7 +43,7 @@ TEST_F(Widgets, CheckboxRowReachesLeftOfTheBoxAndIsHalfOpen) {
     EXPECT_TRUE(At(252, 205, kCanvasClear));
 }
 
-TEST_F(Widgets, RadioHitTestRowsAndLimits) {
+TEST_F(SettingsWidgets, RadioHitTestRowsAndLimits) {
     struct Case {
         int mx, my, count, row;
     };
@@ -58,7 +58,7 @@ TEST_F(Widgets, RadioHitTestRowsAndLimits) {
     }
 }
 
-TEST_F(Widgets, RadioGroupDrawsRingsTheSelectedDotAndTheHoverBand) {
+TEST_F(SettingsWidgets, RadioGroupDrawsRingsTheSelectedDotAndTheHoverBand) {
     std::vector<RadioOption> const options = {{"One", "1"}, {"Two", "2"}};
     DrawRadioGroup(renderer_, body_font_.get(), 100, 100, options, "2", 0);
     EXPECT_TRUE(At(96, 100, kHover));
@@ -77,7 +77,7 @@ TEST_F(Widgets, RadioGroupDrawsRingsTheSelectedDotAndTheHoverBand) {
     EXPECT_TRUE(At(108, 151, kCanvasClear));
 }
 
-TEST_F(Widgets, NavigationPanelShowsActiveRowHoverAndDivider) {
+TEST_F(SettingsWidgets, NavigationPanelShowsActiveRowHoverAndDivider) {
     std::vector<NavItem> const items = BuildSettingsNavItems();
     struct Case {
         int mx, my;
@@ -112,7 +112,7 @@ TEST_F(Widgets, NavigationPanelShowsActiveRowHoverAndDivider) {
     EXPECT_TRUE(At(224, 200, kTrack));
 }
 
-TEST_F(Widgets, PanelHeaderReturnsTheContentLine) {
+TEST_F(SettingsWidgets, PanelHeaderReturnsTheContentLine) {
     int const h1 = TTF_FontHeight(title_font_.get());
     int const h2 = TTF_FontHeight(body_font_.get());
     EXPECT_EQ(DrawPanelHeader(renderer_, title_font_.get(), body_font_.get(), 247, 20, "T", "S"),
@@ -123,7 +123,7 @@ TEST_F(Widgets, PanelHeaderReturnsTheContentLine) {
               20 + 17 + 6 + 16 + 20);
 }
 
-TEST_F(Widgets, BottomBarButtonsHoverHalfOpenAndLabelsAreCentred) {
+TEST_F(SettingsWidgets, BottomBarButtonsHoverHalfOpenAndLabelsAreCentred) {
     SettingsDialogButtons const b = BuildSettingsDialogButtons();
     struct Case {
         int mx, my;
@@ -158,7 +158,7 @@ TEST_F(Widgets, BottomBarButtonsHoverHalfOpenAndLabelsAreCentred) {
     EXPECT_GT(wide.second, 440);
 }
 
-TEST_F(Widgets, SliderWritesThePointersColumnOnlyInsideItsBand) {
+TEST_F(SettingsWidgets, SliderWritesThePointersColumnOnlyInsideItsBand) {
     struct Case {
         int mx, my;
         bool down;
@@ -201,7 +201,7 @@ TEST_F(Widgets, SliderWritesThePointersColumnOnlyInsideItsBand) {
     }
 }
 
-TEST_F(Widgets, SliderLabelsAndFilledPart) {
+TEST_F(SettingsWidgets, SliderLabelsAndFilledPart) {
     EXPECT_EQ(FormatSliderPercent(0.5), "50%");
     EXPECT_EQ(FormatSliderPercent(1.5), "150%");
     EXPECT_EQ(FormatSliderPercent(-0.2), "-20%");
