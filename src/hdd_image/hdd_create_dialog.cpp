@@ -2,7 +2,7 @@
 // run that feeds it events until the user creates or leaves.
 #include "hdd_image/hdd_create_dialog.h"
 
-#include "frame/form_text_input.h"
+#include "frame/form_dialog.h"
 #include "frame/look.h"
 #include "frame/modal_window.h"
 #include "frame/ui_fonts.h"
@@ -15,7 +15,6 @@ namespace zorvane::frontend::gui {
 
 namespace {
 
-constexpr Uint32 kHddCreateDialogDelayMs = 8;
 constexpr SDL_Color kPreviewPathColor{214, 221, 230, 255};
 
 void FillAndOutline(SDL_Renderer* renderer, std::initializer_list<SDL_Rect const*> rects,
@@ -50,57 +49,9 @@ void RenderHddCreateTexts(SDL_Renderer* renderer, HddCreateDialogState const& st
     DrawHddCreateDialogText(renderer, preview.c_str(), 20, 280, kPreviewPathColor);
 }
 
-// Drains the queue; a quit or the window's close ends this pass of polling.
-void HandleHddCreateDialogEvents(HddCreateDialogState& state, SDL_Window* window,
-                                 Uint32 window_id) {
-    SDL_Event event;
-    while (SDL_PollEvent(&event) != 0) {
-        switch (event.type) {
-            case SDL_QUIT:
-                state.done = true;
-                return;
-            case SDL_WINDOWEVENT:
-                if (event.window.windowID == window_id &&
-                    event.window.event == SDL_WINDOWEVENT_CLOSE) {
-                    state.done = true;
-                    return;
-                }
-                break;
-            case SDL_KEYDOWN:
-                HandleHddCreateDialogKey(&state, event.key.keysym.sym);
-                break;
-            case SDL_TEXTINPUT:
-                HandleHddCreateDialogTextInput(&state, event.text.text);
-                break;
-            case SDL_MOUSEBUTTONDOWN:
-            case SDL_MOUSEBUTTONUP:
-                if (event.button.button == SDL_BUTTON_LEFT) {
-                    HandleHddCreateDialogMouseButton(&state, window, event.button,
-                                                     event.type == SDL_MOUSEBUTTONDOWN);
-                }
-                break;
-            default:
-                break;
-        }
-    }
-}
-
-void RunHddCreateDialogLoop(HddCreateDialogState& state, SDL_Window* window,
-                            SDL_Renderer* renderer) {
-    Uint32 const window_id = SDL_GetWindowID(window);
-    while (!state.done) {
-        PumpModalDialogHeartbeat();
-        HandleHddCreateDialogEvents(state, window, window_id);
-        RenderHddCreateDialog(renderer, state);
-        SDL_RenderPresent(renderer);
-        if (!state.shown) {
-            SDL_ShowWindow(window);
-            SDL_RaiseWindow(window);
-            SDL_SetWindowInputFocus(window);
-            state.shown = true;
-        }
-        SDL_Delay(kHddCreateDialogDelayMs);
-    }
+void RenderHddCreateDialogFrame(HddCreateDialogState const& state, SDL_Window* /*window*/,
+                                SDL_Renderer* renderer) {
+    RenderHddCreateDialog(renderer, state);
 }
 
 }  // namespace
@@ -142,11 +93,11 @@ HddCreateDialogResult ShowSimpleHddCreateDialog(SDL_Window* parent,
     state.folder_text = state.result.folder;
     state.file_name_text = state.result.file_name;
     state.focused_field = kHddFieldSize;
-    {
-        ScopedTextInput const text_input;
-        RunHddCreateDialogLoop(state, bundle.window.get(), bundle.renderer.get());
-    }
-    RestoreModalParentFocus(parent);
+    RunFormDialog(state, parent,
+                  FormDialogRun<HddCreateDialogState>{
+                      bundle.window.get(), bundle.renderer.get(), &HandleHddCreateDialogKey,
+                      &HandleHddCreateDialogTextInput, &HandleHddCreateDialogMouseButton,
+                      &RenderHddCreateDialogFrame});
     return state.result;
 }
 

@@ -2,9 +2,8 @@
 // and what keys, text and clicks do to the state.
 #include "hdd_image/hdd_create_dialog.h"
 
-#include "frame/form_text_input.h"
+#include "frame/form_dialog.h"
 #include "frame/hit_test.h"
-#include "gui/pickers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -132,16 +131,7 @@ void HandleHddCreateDialogMouseButton(HddCreateDialogState* state, SDL_Window* w
 }
 
 void OpenHddCreateFolderPicker(SDL_Window* parent, std::string& folder) {
-    FolderPickerOptions options;
-    options.window_title = "Select HDD Output Folder";
-    options.heading = "Choose folder for new HDD image";
-    options.accept_label = "Use";
-    options.cancel_label = "Cancel";
-    options.start_directory = folder;
-    std::string chosen = ShowSimpleFolderPicker(parent, options);
-    if (!chosen.empty()) {
-        folder = std::move(chosen);
-    }
+    ChooseFolderInto(parent, "Select HDD Output Folder", "Choose folder for new HDD image", folder);
 }
 
 }  // namespace zorvane::frontend::gui

@@ -2,7 +2,7 @@
 // that feeds it events until the user saves or leaves.
 #include "screenshot/screenshot_dialog.h"
 
-#include "frame/form_text_input.h"
+#include "frame/form_dialog.h"
 #include "frame/look.h"
 #include "frame/modal_window.h"
 #include "frame/ui_fonts.h"
@@ -14,7 +14,6 @@ namespace zorvane::frontend::gui {
 
 namespace {
 
-constexpr Uint32 kScreenshotDialogDelayMs = 8;
 constexpr SDL_Color kCheckboxMark = kColAccentFg;
 
 void FillRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
@@ -115,55 +114,13 @@ void RenderFormatList(SDL_Renderer* renderer, ScreenshotSaveFormat current, SDL_
     }
 }
 
-// The window of one run, its renderer and the ID that events are matched with.
-struct ScreenshotSaveDialogRun {
-    SDL_Window* window = nullptr;
-    SDL_Renderer* renderer = nullptr;
-    Uint32 window_id = 0;
-};
-
-// Drains the queue; a quit or the window's close ends this pass of polling.
-void HandleScreenshotSaveDialogEvents(ScreenshotSaveDialogState& state,
-                                      ScreenshotSaveDialogRun const& run) {
-    SDL_Event event;
-    while (SDL_PollEvent(&event) != 0) {
-        switch (event.type) {
-            case SDL_QUIT:
-                state.done = true;
-                return;
-            case SDL_WINDOWEVENT:
-                if (event.window.windowID == run.window_id &&
-                    event.window.event == SDL_WINDOWEVENT_CLOSE) {
-                    state.done = true;
-                    return;
-                }
-                break;
-            case SDL_KEYDOWN:
-                HandleScreenshotSaveDialogKey(&state, event.key.keysym.sym);
-                break;
-            case SDL_TEXTINPUT:
-                HandleScreenshotSaveDialogTextInput(&state, event.text.text);
-                break;
-            case SDL_MOUSEBUTTONDOWN:
-            case SDL_MOUSEBUTTONUP:
-                if (event.button.button == SDL_BUTTON_LEFT) {
-                    HandleScreenshotSaveDialogMouseButton(&state, run.window, event.button,
-                                                          event.type == SDL_MOUSEBUTTONDOWN);
-                }
-                break;
-            default:
-                break;
-        }
-    }
-}
-
-void RenderScreenshotSaveDialogFrame(ScreenshotSaveDialogState const& state,
-                                     ScreenshotSaveDialogRun const& run) {
+void RenderScreenshotSaveDialogFrame(ScreenshotSaveDialogState const& state, SDL_Window* window,
+                                     SDL_Renderer* renderer) {
     int width = 0;
     int height = 0;
-    SDL_GetWindowSize(run.window, &width, &height);
+    SDL_GetWindowSize(window, &width, &height);
     ScreenshotSaveDialogSession session;
-    session.renderer = run.renderer;
+    session.renderer = renderer;
     session.folder = &state.folder_text;
     session.file_name = &state.file_name_text;
     session.format = state.format;
@@ -173,23 +130,6 @@ void RenderScreenshotSaveDialogFrame(ScreenshotSaveDialogState const& state,
     session.format_list_open = state.format_list_open;
     session.bmp_rle = state.result.bmp_rle;
     RenderScreenshotSaveDialog(session, BuildScreenshotSaveDialogLayout(width, height));
-    SDL_RenderPresent(run.renderer);
-}
-
-void RunScreenshotSaveDialogLoop(ScreenshotSaveDialogState& state,
-                                 ScreenshotSaveDialogRun const& run) {
-    while (!state.done) {
-        PumpModalDialogHeartbeat();
-        HandleScreenshotSaveDialogEvents(state, run);
-        RenderScreenshotSaveDialogFrame(state, run);
-        if (!state.shown) {
-            SDL_ShowWindow(run.window);
-            SDL_RaiseWindow(run.window);
-            SDL_SetWindowInputFocus(run.window);
-            state.shown = true;
-        }
-        SDL_Delay(kScreenshotDialogDelayMs);
-    }
 }
 
 // The starting values: numbers limited, the folder and the name filled in.
@@ -268,15 +208,11 @@ ScreenshotSaveDialogResult ShowScreenshotSaveDialog(SDL_Window* parent,
     state.jpeg_quality_text = std::to_string(state.result.jpeg_quality);
     state.png_compression_text = std::to_string(state.result.png_compression);
 
-    ScreenshotSaveDialogRun run;
-    run.window = bundle.window.get();
-    run.renderer = bundle.renderer.get();
-    run.window_id = SDL_GetWindowID(run.window);
-    {
-        ScopedTextInput const text_input;
-        RunScreenshotSaveDialogLoop(state, run);
-    }
-    RestoreModalParentFocus(parent);
+    RunFormDialog(state, parent,
+                  FormDialogRun<ScreenshotSaveDialogState>{
+                      bundle.window.get(), bundle.renderer.get(), &HandleScreenshotSaveDialogKey,
+                      &HandleScreenshotSaveDialogTextInput, &HandleScreenshotSaveDialogMouseButton,
+                      &RenderScreenshotSaveDialogFrame});
     return state.result;
 }
 

@@ -2,9 +2,8 @@
 // do to the state, the nested folder picker and the commit.
 #include "screenshot/screenshot_dialog.h"
 
-#include "frame/form_text_input.h"
+#include "frame/form_dialog.h"
 #include "frame/look.h"
-#include "gui/pickers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -203,16 +202,8 @@ void CommitScreenshotSaveDialogResult(ScreenshotSaveDialogState* state) {
 }
 
 void OpenFolderPicker(SDL_Window* parent, std::string& folder) {
-    FolderPickerOptions options;
-    options.window_title = "Select Screenshot Output Folder";
-    options.heading = "Choose folder for screenshot export";
-    options.accept_label = "Use";
-    options.cancel_label = "Cancel";
-    options.start_directory = folder;
-    std::string chosen = ShowSimpleFolderPicker(parent, options);
-    if (!chosen.empty()) {
-        folder = std::move(chosen);
-    }
+    ChooseFolderInto(parent, "Select Screenshot Output Folder",
+                     "Choose folder for screenshot export", folder);
 }
 
 }  // namespace zorvane::frontend::gui
