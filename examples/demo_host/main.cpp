@@ -1,7 +1,9 @@
 // A small host written the way an emulator front end would use the dialog library:
 // it owns the main window and the "machine" (a text-mode screen with a running frame
 // counter), registers the heartbeat that keeps that machine running while a dialog
-// is open, and opens a message box of each type in turn, printing each answer.
+// is open, and opens a message box of each type in turn, printing each answer. Then
+// its own loop runs: S opens the settings dialog over the host's settings record,
+// and every Apply is taken over, printed and shown on the screen.
 //
 // Without a display (or with --headless) it runs on SDL's dummy video driver, answers
 // each dialog by itself and saves a PNG of every dialog into a folder it prints.
@@ -17,6 +19,7 @@
 
 #include "gui/frame.h"
 #include "gui/message_box.h"
+#include "gui/settings.h"
 
 namespace {
 
@@ -28,6 +31,8 @@ struct Host {
     SDL_Renderer* renderer = nullptr;
     TTF_Font* font = nullptr;
     unsigned long long frames = 0;
+    gui::SettingsDialogValues settings;  // the host's own settings record
+    int settings_applies = 0;
 };
 
 // Answers dialogs by itself when nobody is there to click: a few frames after a
@@ -37,6 +42,7 @@ struct Autopilot {
     std::filesystem::path folder;
     std::string next_name;
     int beats = 0;
+    bool settings_tour = false;  // walk every settings topic instead of closing at once
 };
 
 TTF_Font* OpenHostFont() {
@@ -77,6 +83,12 @@ void RunMachineSlice(Host& host) {
     DrawLine(host, "Zorvane demo host", 0, white);
     DrawLine(host, "Machine frame " + std::to_string(host.frames), 1, grey);
     DrawLine(host, "C:\\>_", 3, grey);
+    DrawLine(host, "S: settings    Esc: quit", 5, white);
+    DrawLine(host,
+             "fps " + std::to_string(host.settings.fps) + ", font " + host.settings.font_mode +
+                 ", renderer " + host.settings.renderer_mode + ", applied " +
+                 std::to_string(host.settings_applies) + " time(s)",
+             6, grey);
     SDL_RenderPresent(host.renderer);
 }
 
@@ -93,27 +105,85 @@ SDL_Window* FindDialogWindow(Host const& host) {
     return found;
 }
 
-void StepAutopilot(Host const& host, Autopilot& pilot) {
-    if (!pilot.enabled || ++pilot.beats != 6) {
-        return;
-    }
-    SDL_Window* dialog = FindDialogWindow(host);
-    if (dialog == nullptr) {
-        return;
-    }
-    // On the dummy driver the dialog draws with the software renderer straight into
-    // its window surface, so that surface holds the frame presented last.
+// On the dummy driver the dialog draws with the software renderer straight into
+// its window surface, so that surface holds the frame presented last.
+void SaveDialogPicture(SDL_Window* dialog, std::filesystem::path const& folder,
+                       std::string const& name) {
     if (SDL_Surface* surface = SDL_GetWindowSurface(dialog)) {
-        std::filesystem::path const file = pilot.folder / (pilot.next_name + ".png");
+        std::filesystem::path const file = folder / (name + ".png");
         if (IMG_SavePNG(surface, file.string().c_str()) == 0) {
             std::printf("  saved %s\n", file.string().c_str());
         }
     }
+}
+
+void PushEscape(SDL_Window* dialog) {
     SDL_Event escape{};
     escape.type = SDL_KEYDOWN;
     escape.key.windowID = SDL_GetWindowID(dialog);
     escape.key.keysym.sym = SDLK_ESCAPE;
     SDL_PushEvent(&escape);
+}
+
+void PushLeftClick(SDL_Window* dialog, int x, int y) {
+    SDL_Event release{};
+    release.type = SDL_MOUSEBUTTONUP;
+    release.button.windowID = SDL_GetWindowID(dialog);
+    release.button.button = SDL_BUTTON_LEFT;
+    release.button.state = SDL_RELEASED;
+    release.button.x = x;
+    release.button.y = y;
+    SDL_PushEvent(&release);
+}
+
+// Every four beats the settings tour clicks the next topic on the left and saves
+// its picture two beats later; then it clicks Apply and closes the dialog. Panels
+// take their hits from the polled pointer, which a driver without a real pointer
+// never places over the window, so the tour changes no setting.
+void StepSettingsTour(Autopilot& pilot, SDL_Window* dialog) {
+    struct Topic {
+        int row;
+        char const* name;
+    };
+    static Topic const kTopics[] = {{1, "font_mode"},       {2, "target_fps"},    {3, "renderer"},
+                                    {4, "screenshots"},     {6, "mouse_capture"}, {8, "cpu_speed"},
+                                    {10, "logger_options"}, {12, "hdd_sounds"}};
+    int const count = static_cast<int>(sizeof(kTopics) / sizeof(kTopics[0]));
+    int const step = pilot.beats / 4 - 1;
+    int const phase = pilot.beats % 4;
+    if (phase != 0 && !(phase == 2 && step < count)) {
+        return;
+    }
+    if (step >= 0 && step < count) {
+        if (phase == 0) {
+            PushLeftClick(dialog, 100, 10 + 30 * kTopics[step].row + 15);
+        } else {
+            SaveDialogPicture(dialog, pilot.folder, std::string("settings_") + kTopics[step].name);
+        }
+    } else if (step == count) {
+        PushLeftClick(dialog, 763, 464);  // "Apply"
+    } else if (step == count + 1) {
+        PushEscape(dialog);
+    }
+}
+
+void StepAutopilot(Host const& host, Autopilot& pilot) {
+    if (!pilot.enabled) {
+        return;
+    }
+    ++pilot.beats;
+    SDL_Window* dialog = FindDialogWindow(host);
+    if (dialog == nullptr) {
+        return;
+    }
+    if (pilot.settings_tour) {
+        StepSettingsTour(pilot, dialog);
+        return;
+    }
+    if (pilot.beats == 6) {
+        SaveDialogPicture(dialog, pilot.folder, pilot.next_name);
+        PushEscape(dialog);
+    }
 }
 
 struct Demo {
@@ -150,6 +220,57 @@ void RunMessageBoxes(Host& host, Autopilot& pilot) {
         int const id = gui::SdlMessageBox(config).Show(host.window, 1.0f);
         std::printf("message box %-8s -> id %d (machine at frame %llu)\n", demo.name, id,
                     host.frames);
+    }
+}
+
+void PrintSettings(gui::SettingsDialogValues const& v) {
+    std::printf(
+        "  fps %d, font %s (%s), renderer %s, cpu %.2f MHz, mouse gain %.2f, text-mode "
+        "capture %s, hdd sounds %s at %.0f%%, shader capture %s, capture size %d\n",
+        v.fps, v.font_mode.c_str(),
+        v.custom_font_path.empty() ? "no file" : v.custom_font_path.c_str(),
+        v.renderer_mode.c_str(), v.cpu_mhz, v.mouse_capture_gain,
+        v.allow_mouse_capture_in_text_mode ? "on" : "off", v.hdd_sounds_enabled ? "on" : "off",
+        v.hdd_sounds_volume * 100.0, v.screenshot_capture_with_opengl_shaders ? "on" : "off",
+        v.screenshot_capture_size_mode);
+}
+
+// The settings dialog over the host's own record: every Apply replaces the record,
+// as a host would before acting on it; closing the dialog keeps what was applied.
+void OpenSettings(Host& host, Autopilot& pilot) {
+    pilot.beats = 0;
+    pilot.settings_tour = pilot.enabled;
+    gui::ShowSettingsDialog(
+        host.window, 1.0f, host.settings, [&host](gui::SettingsDialogValues const& values) {
+            host.settings = values;
+            ++host.settings_applies;
+            std::printf("settings applied (machine at frame %llu):\n", host.frames);
+            PrintSettings(values);
+        });
+    pilot.settings_tour = false;
+    std::printf("settings closed after %d apply(s) in all\n", host.settings_applies);
+}
+
+// The host's own loop: S opens the settings dialog, Escape or closing the window quits.
+// Without a display the settings dialog is toured once instead.
+void RunHostLoop(Host& host, Autopilot& pilot) {
+    if (pilot.enabled) {
+        OpenSettings(host, pilot);
+        return;
+    }
+    while (true) {
+        SDL_Event event;
+        while (SDL_PollEvent(&event) != 0) {
+            if (event.type == SDL_QUIT ||
+                (event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_ESCAPE)) {
+                return;
+            }
+            if (event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_s) {
+                OpenSettings(host, pilot);
+            }
+        }
+        RunMachineSlice(host);
+        SDL_Delay(16);
     }
 }
 
@@ -192,12 +313,14 @@ int main(int argc, char** argv) {
         return 1;
     }
     host.font = OpenHostFont();
+    host.settings.fps = 60;
 
     gui::SetModalDialogHeartbeat([&host, &pilot] {
         RunMachineSlice(host);
         StepAutopilot(host, pilot);
     });
     RunMessageBoxes(host, pilot);
+    RunHostLoop(host, pilot);
     gui::SetModalDialogHeartbeat(nullptr);
 
     gui::ShutdownSdlUiCachedFonts();
