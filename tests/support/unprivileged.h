@@ -1,5 +1,5 @@
-// Runs part of a test in a child process that has given up root, so that permission
-// bits bind it as they bind an ordinary user even when the suite runs as root.
+// Runs part of a test in a child process without root, so that permission bits bind
+// it as they bind an ordinary user even when the suite runs as root.
 #pragma once
 
 #include <functional>
@@ -13,10 +13,9 @@ struct ChildOutcome {
     std::string output;         // the text that the body returned
 };
 
-// Forks. A child of a root process switches to the group and user nobody (65534)
-// first; a child of any other user keeps it. The child runs `body`, hands its text
-// back through a pipe and leaves with _exit, so nothing of the parent's state (SDL,
-// open windows, atexit handlers) is touched twice.
+// Forks; a child of root first becomes group and user nobody (65534). The child runs
+// `body`, sends its text back through a pipe and leaves with _exit, touching nothing
+// of the parent's state (SDL, windows, atexit handlers).
 ChildOutcome RunAsUnprivilegedUser(std::function<std::string()> const& body);
 
 }  // namespace ztest
