@@ -63,15 +63,6 @@ TEST_F(AboutDialog, WindowHeightComesFromTheContentAndScaleChangesNothing) {
         EXPECT_TRUE(HasColor(frame, kHomeRow.x + 1, kHomeRow.y + 86, {24, 27, 34, 255}));
         EXPECT_TRUE(HasColor(frame, 16, 536, {22, 25, 32, 255})) << "the footer";
     }
-    // With fonts the measures follow the real font heights, and so does the window.
-    ztest::ResetRecorder();
-    AboutDialogFonts const fonts = OpenAboutDialogFonts(kAboutDialogScale);
-    int const expected = AboutDialogWindowHeight(BuildAboutDialogMetrics(fonts, 1.2f));
-    EXPECT_NE(expected, kBareHeight);
-    ztest::DialogScript script;
-    script.At(1, [](ztest::DialogScript& s) { s.Key(SDLK_ESCAPE); });
-    ShowSimpleAboutDialog(nullptr, 1.0f);
-    EXPECT_EQ(ztest::RecordedCalls("SDL_CreateWindow").at(0).args.at(3), expected);
 }
 
 TEST_F(AboutDialog, LinkRowsOpenTheirPageOnThePressAndTheDialogStaysOpen) {

@@ -142,7 +142,6 @@ TEST_F(HddCreateDialog, CreateReturnsTheTypedSizeAndName) {
     ASSERT_EQ(first.width, 860);
     EXPECT_TRUE(HasColor(first, 250, 72, {160, 176, 210, 255})) << "the size has the focus";
     EXPECT_TRUE(HasColor(first, 845, 355, {56, 64, 74, 255})) << "Create";
-    EXPECT_TRUE(HasColor(typed, 250, 72, {80, 86, 96, 255}));
     EXPECT_TRUE(HasColor(typed, 250, 132, {160, 176, 210, 255})) << "the name has the focus";
 }
 
@@ -186,7 +185,7 @@ TEST_F(HddCreateDialog, EveryWayOutButCreateReturnsTheStartingValues) {
     SDL_DestroyWindow(parent);
 }
 
-TEST_F(HddCreateDialog, FolderFieldOpensThePickerAndItsFolderIsUsed) {
+TEST_F(HddCreateDialog, ChooseOpensThePickerAndItsFolderIsUsed) {
     ztest::TempDir dir;
     fs::create_directory(dir.path() / "sub");
     SDL_Window* dialog = nullptr;
@@ -197,11 +196,8 @@ TEST_F(HddCreateDialog, FolderFieldOpensThePickerAndItsFolderIsUsed) {
             [&](ztest::DialogScript& s) {
                 dialog = s.Window();
                 s.Click(300, 150);  // focus on the file name
-                s.Press(300, 200);  // the folder field: a press alone opens nothing
+                s.Click(700, 200);  // "Choose"
             })
-        .Then([](ztest::DialogScript& s) { s.Release(300, 200); })
-        .Then([](ztest::DialogScript& s) { s.Key(SDLK_ESCAPE); }, 2)  // cancel the picker
-        .Then([](ztest::DialogScript& s) { s.Click(700, 200); }, 2)   // "Choose"
         .Then(
             [&](ztest::DialogScript& s) {
                 picker_title = SDL_GetWindowTitle(s.Window());
@@ -211,7 +207,6 @@ TEST_F(HddCreateDialog, FolderFieldOpensThePickerAndItsFolderIsUsed) {
         .Then([](ztest::DialogScript& s) { s.Click(700, 510); }, 2)  // the picker's "Use"
         .Then(
             [&](ztest::DialogScript& s) {
-                EXPECT_EQ(s.Window(), dialog);
                 EXPECT_EQ(ztest::RecordedCalls("SDL_SetWindowInputFocus").back().object, dialog);
                 s.Text("x");  // still the file name field
                 s.Key(SDLK_RETURN);
@@ -221,7 +216,7 @@ TEST_F(HddCreateDialog, FolderFieldOpensThePickerAndItsFolderIsUsed) {
         ShowSimpleHddCreateDialog(nullptr, (dir.path() / "sub").string(), 20);
     EXPECT_FALSE(script.timed_out());
     EXPECT_EQ(picker_title, "Select HDD Output Folder");
-    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 3);
+    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 2);
     EXPECT_TRUE(r.accepted);
     EXPECT_TRUE(fs::equivalent(r.folder, dir.path())) << r.folder;
     EXPECT_EQ(r.file_name, "disk.imgx");
