@@ -3,7 +3,9 @@
 // counter), registers the heartbeat that keeps that machine running while a dialog
 // is open, and opens a message box of each type in turn, printing each answer. Then
 // its own loop runs: S opens the settings dialog over the host's settings record,
-// and every Apply is taken over, printed and shown on the screen.
+// and every Apply is taken over, printed and shown on the screen; C saves a
+// screenshot of the host's frame where the user chooses, H asks for a disk image
+// and prints what it would create, A shows the About dialog.
 //
 // Without a display (or with --headless) it runs on SDL's dummy video driver, answers
 // each dialog by itself and saves a PNG of every dialog into a folder it prints.
@@ -20,6 +22,8 @@
 #include "gui/frame.h"
 #include "gui/message_box.h"
 #include "gui/settings.h"
+
+#include "forms_demo.h"
 
 namespace {
 
@@ -42,7 +46,8 @@ struct Autopilot {
     std::filesystem::path folder;
     std::string next_name;
     int beats = 0;
-    bool settings_tour = false;  // walk every settings topic instead of closing at once
+    bool settings_tour = false;        // walk every settings topic instead of closing at once
+    SDL_Keycode answer = SDLK_ESCAPE;  // the key that ends an ordinary dialog
 };
 
 TTF_Font* OpenHostFont() {
@@ -83,7 +88,7 @@ void RunMachineSlice(Host& host) {
     DrawLine(host, "Zorvane demo host", 0, white);
     DrawLine(host, "Machine frame " + std::to_string(host.frames), 1, grey);
     DrawLine(host, "C:\\>_", 3, grey);
-    DrawLine(host, "S: settings    Esc: quit", 5, white);
+    DrawLine(host, "S: settings   C: screenshot   H: disk image   A: about   Esc: quit", 5, white);
     DrawLine(host,
              "fps " + std::to_string(host.settings.fps) + ", font " + host.settings.font_mode +
                  ", renderer " + host.settings.renderer_mode + ", applied " +
@@ -117,12 +122,12 @@ void SaveDialogPicture(SDL_Window* dialog, std::filesystem::path const& folder,
     }
 }
 
-void PushEscape(SDL_Window* dialog) {
-    SDL_Event escape{};
-    escape.type = SDL_KEYDOWN;
-    escape.key.windowID = SDL_GetWindowID(dialog);
-    escape.key.keysym.sym = SDLK_ESCAPE;
-    SDL_PushEvent(&escape);
+void PushKey(SDL_Window* dialog, SDL_Keycode key) {
+    SDL_Event event{};
+    event.type = SDL_KEYDOWN;
+    event.key.windowID = SDL_GetWindowID(dialog);
+    event.key.keysym.sym = key;
+    SDL_PushEvent(&event);
 }
 
 void PushLeftClick(SDL_Window* dialog, int x, int y) {
@@ -163,7 +168,7 @@ void StepSettingsTour(Autopilot& pilot, SDL_Window* dialog) {
     } else if (step == count) {
         PushLeftClick(dialog, 763, 464);  // "Apply"
     } else if (step == count + 1) {
-        PushEscape(dialog);
+        PushKey(dialog, SDLK_ESCAPE);
     }
 }
 
@@ -182,7 +187,7 @@ void StepAutopilot(Host const& host, Autopilot& pilot) {
     }
     if (pilot.beats == 6) {
         SaveDialogPicture(dialog, pilot.folder, pilot.next_name);
-        PushEscape(dialog);
+        PushKey(dialog, pilot.answer);
     }
 }
 
@@ -251,11 +256,28 @@ void OpenSettings(Host& host, Autopilot& pilot) {
     std::printf("settings closed after %d apply(s) in all\n", host.settings_applies);
 }
 
-// The host's own loop: S opens the settings dialog, Escape or closing the window quits.
-// Without a display the settings dialog is toured once instead.
+// Without a display: the screenshot is saved with Return into the pictures' folder,
+// the disk image and About dialogs are closed with Escape.
+void TourFormDialogs(Host& host, Autopilot& pilot) {
+    pilot.next_name = "screenshot";
+    pilot.beats = 0;
+    pilot.answer = SDLK_RETURN;
+    demo::SaveHostScreenshot(host.window, host.renderer, pilot.folder.string());
+    pilot.answer = SDLK_ESCAPE;
+    pilot.next_name = "hdd_image";
+    pilot.beats = 0;
+    demo::AskForDiskImage(host.window);
+    pilot.next_name = "about";
+    pilot.beats = 0;
+    demo::ShowAbout(host.window);
+}
+
+// The host's own loop: S, C, H and A open their dialogs, Escape or closing the window
+// quits. Without a display each dialog is toured once instead.
 void RunHostLoop(Host& host, Autopilot& pilot) {
     if (pilot.enabled) {
         OpenSettings(host, pilot);
+        TourFormDialogs(host, pilot);
         return;
     }
     while (true) {
@@ -265,8 +287,15 @@ void RunHostLoop(Host& host, Autopilot& pilot) {
                 (event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_ESCAPE)) {
                 return;
             }
-            if (event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_s) {
+            SDL_Keycode const key = event.type == SDL_KEYDOWN ? event.key.keysym.sym : SDLK_UNKNOWN;
+            if (key == SDLK_s) {
                 OpenSettings(host, pilot);
+            } else if (key == SDLK_c) {
+                demo::SaveHostScreenshot(host.window, host.renderer, "");
+            } else if (key == SDLK_h) {
+                demo::AskForDiskImage(host.window);
+            } else if (key == SDLK_a) {
+                demo::ShowAbout(host.window);
             }
         }
         RunMachineSlice(host);
