@@ -1,7 +1,6 @@
 // Reading real directories into picker rows: order, filters, links, odd names, the
 // parent row, unreadable and vanishing directories, and the row texts.
 #include "pickers/picker_entries.h"
-#include "pickers/picker_text.h"
 #include "support/temp_dir.h"
 #include "support/unprivileged.h"
 
@@ -56,71 +55,16 @@ TEST(PickerEntries, ParentThenSortedDirectoriesThenAcceptedFiles) {
     EXPECT_EQ(NamesOf(ReadFilteredPickerEntries(root, nullptr)),
               NamesOf(ReadFolderPickerEntries(root)));
     EXPECT_EQ(NamesOf(ReadFolderPickerEntries(root / "alpha")), Names{"../"});  // files alone
-}
 
-TEST(PickerEntries, ParentRowFollowsThePathAsWritten) {
-    ztest::TempDir dir;
-    dir.Write("data/ttf/Plex.TTF", "");
-    dir.Write("data/ttf/notes.txt", "");
-    ztest::ScopedWorkingDirectory cwd(dir.path());
-    struct Case {
-        fs::path directory;
-        Names names;
-        fs::path parent;  // the parent row's path, if there is one
-    };
-    Case const cases[] = {{"data/ttf", {"../", "Plex.TTF"}, "data"},
-                          {"data", {"ttf/"}, {}},
-                          {".", {"data/"}, {}},
-                          {"missing/deeper", {"../"}, "missing"},
-                          {"", {}, {}}};
-    for (Case const& c : cases) {
-        auto const entries = ReadFilteredPickerEntries(c.directory, IsFontPickerEntry);
-        EXPECT_EQ(NamesOf(entries), c.names) << c.directory;
-        if (!c.parent.empty()) {
-            EXPECT_EQ(entries[0].path, c.parent);
-        }
-    }
-    EXPECT_EQ(ReadFilteredPickerEntries("data/ttf", IsFontPickerEntry)[1].path,
-              "data/ttf/Plex.TTF");
-    EXPECT_NE(ReadFolderPickerEntries("/").at(0).name, "..");
-}
-
-TEST(PickerEntries, FiltersAndRowTexts) {
-    struct Case {
-        char const* path;
-        bool font, shader, image;
-        char const* font_prefix;
-        char const* shader_prefix;
-    };
-    Case const cases[] = {
-        {"dir/A.OTF", true, false, false, "[OTF] ", "[SHD] "},
-        {"a.ttf", true, false, false, "[TTF] ", "[SHD] "},
-        {".ttf", false, false, false, "[TTF] ", "[SHD] "},  // a name without extension
-        {"x.GLSLP", false, true, false, "[TTF] ", "[PST] "},
-        {"x.vs", false, true, false, "[TTF] ", "[SHD] "},
-        {"DISK.IMA", false, false, true, "[TTF] ", "[SHD] "},
-        {"a.b.img", false, false, true, "[TTF] ", "[SHD] "},
-        {"img", false, false, false, "[TTF] ", "[SHD] "},
-    };
-    for (Case const& c : cases) {
-        SCOPED_TRACE(c.path);
-        fs::path const path(c.path);
-        EXPECT_EQ(IsFontPickerEntry(path), c.font);
-        EXPECT_EQ(IsShaderPickerEntry(path), c.shader);
-        EXPECT_EQ(IsAllowedImagePickerEntry(path), c.image);
-        PickerEntry const file{path.filename().string(), path, false};
-        EXPECT_EQ(LabelFontPickerEntry(file), c.font_prefix + file.name);
-        EXPECT_EQ(LabelShaderPickerEntry(file), c.shader_prefix + file.name);
-        EXPECT_EQ(LabelFloppyPickerEntry(file), "[IMG] " + file.name);
-        EXPECT_EQ(LabelFolderPickerEntry(file), "[DIR] " + file.name);
-    }
-    for (auto label : {LabelFontPickerEntry, LabelFloppyPickerEntry, LabelShaderPickerEntry}) {
-        EXPECT_EQ(label({"x.otf", "x.otf", true}), "[DIR] x.otf");
-    }
-    EXPECT_EQ(ExtLower("dir/SHADER.GLSLP") + ExtLower("dir.d/noext") + ExtLower("a.b.FRAG"),
-              ".glslp.frag");
-    EXPECT_EQ(TrimStr(" \ta b\r\n\v\f"), "a b");
-    EXPECT_EQ(TrimStr("   "), "");
+    // Row texts: the prefix comes from the kind of picker and the lowered extension.
+    PickerEntry const otf{"A.OTF", "d/A.OTF", false}, preset{"x.GLSLP", "x.GLSLP", false};
+    EXPECT_EQ(LabelFontPickerEntry(otf) + LabelFontPickerEntry(preset), "[OTF] A.OTF[TTF] x.GLSLP");
+    EXPECT_EQ(LabelShaderPickerEntry(otf) + LabelShaderPickerEntry(preset),
+              "[SHD] A.OTF[PST] x.GLSLP");
+    EXPECT_EQ(LabelFloppyPickerEntry(entries[7]) + LabelFolderPickerEntry(entries[7]),
+              "[IMG] A.img[DIR] A.img");
+    EXPECT_EQ(LabelShaderPickerEntry(entries[0]) + LabelFontPickerEntry(entries[3]),
+              "[DIR] ..[DIR] music.img");
 }
 
 TEST(PickerEntries, UnreadableDirectoriesAndEntriesAsAnOrdinaryUser) {
