@@ -38,8 +38,12 @@ std::size_t SkipNonSpace(std::string_view text, std::size_t pos) {
 }
 
 // The four numbers behind the label, all required, read as a stream reads floats.
-bool ReadFourNumbers(std::string_view text, ShaderParameterSpec& spec) {
-    std::istringstream numbers{std::string(text)};
+// `numbers` is reused from line to line: a fresh stream per line costs more than
+// the rest of the line's work.
+bool ReadFourNumbers(std::istringstream& numbers, std::string_view text,
+                     ShaderParameterSpec& spec) {
+    numbers.clear();
+    numbers.str(std::string(text));
     numbers >> spec.default_value >> spec.min_value >> spec.max_value >> spec.step;
     return !numbers.fail();
 }
@@ -47,7 +51,8 @@ bool ReadFourNumbers(std::string_view text, ShaderParameterSpec& spec) {
 // One declaration line: `#pragma parameter NAME "Label" default min max step`, led
 // by any whitespace. Anything between "#pragma" and "parameter", between the name and
 // the label, and behind the step is ignored.
-bool ParseDeclarationLine(std::string_view line, ShaderParameterSpec& spec) {
+bool ParseDeclarationLine(std::string_view line, std::istringstream& numbers,
+                          ShaderParameterSpec& spec) {
     std::string_view const rest = line.substr(SkipSpace(line, 0));
     if (rest.substr(0, kPragma.size()) != kPragma) {
         return false;
@@ -71,7 +76,7 @@ bool ParseDeclarationLine(std::string_view line, ShaderParameterSpec& spec) {
     }
     spec.name.assign(rest.substr(name_begin, name_end - name_begin));
     spec.label.assign(rest.substr(open + 1, close - open - 1));
-    if (!ReadFourNumbers(rest.substr(close + 1), spec)) {
+    if (!ReadFourNumbers(numbers, rest.substr(close + 1), spec)) {
         return false;
     }
     if (spec.min_value > spec.max_value) {
@@ -92,14 +97,20 @@ bool ReadShaderParameterFile(std::string const& path, std::string& text) {
 }
 
 std::vector<ShaderParameterSpec> ParseShaderParameterSpecsFromText(std::string const& text) {
+    // Lines end at each line feed, as std::getline splits them, without copying them.
+    std::string_view const all(text);
     std::vector<ShaderParameterSpec> specs;
-    std::istringstream lines(text);
-    std::string line;
-    while (std::getline(lines, line)) {
+    std::istringstream numbers;
+    for (std::size_t begin = 0; begin < all.size();) {
+        std::size_t end = all.find('\n', begin);
+        if (end == std::string_view::npos) {
+            end = all.size();
+        }
         ShaderParameterSpec spec;
-        if (ParseDeclarationLine(line, spec)) {
+        if (ParseDeclarationLine(all.substr(begin, end - begin), numbers, spec)) {
             specs.push_back(std::move(spec));
         }
+        begin = end + 1;
     }
     return specs;
 }
