@@ -5,7 +5,8 @@
 // its own loop runs: S opens the settings dialog over the host's settings record,
 // and every Apply is taken over, printed and shown on the screen; C saves a
 // screenshot of the host's frame where the user chooses, H asks for a disk image
-// and prints what it would create, A shows the About dialog.
+// and prints what it would create, A shows the About dialog; F, T, D and G open the
+// folder, font, floppy and shader pickers and print the path picked.
 //
 // Without a display (or with --headless) it runs on SDL's dummy video driver, answers
 // each dialog by itself and saves a PNG of every dialog into a folder it prints.
@@ -24,6 +25,7 @@
 #include "gui/settings.h"
 
 #include "forms_demo.h"
+#include "pickers_demo.h"
 
 namespace {
 
@@ -94,6 +96,7 @@ void RunMachineSlice(Host& host) {
                  ", renderer " + host.settings.renderer_mode + ", applied " +
                  std::to_string(host.settings_applies) + " time(s)",
              6, grey);
+    DrawLine(host, "F: folder   T: font   D: floppy image   G: shader", 7, white);
     SDL_RenderPresent(host.renderer);
 }
 
@@ -272,12 +275,25 @@ void TourFormDialogs(Host& host, Autopilot& pilot) {
     demo::ShowAbout(host.window);
 }
 
-// The host's own loop: S, C, H and A open their dialogs, Escape or closing the window
+// Without a display: each picker opens on its own start folder and is cancelled.
+void TourPickers(Host& host, Autopilot& pilot) {
+    void (*const pickers[])(SDL_Window*) = {demo::PickCaptureFolder, demo::PickFont,
+                                            demo::PickFloppy, demo::PickShader};
+    char const* const names[] = {"picker_folder", "picker_font", "picker_floppy", "picker_shader"};
+    for (int i = 0; i < 4; ++i) {
+        pilot.next_name = names[i];
+        pilot.beats = 0;
+        pickers[i](host.window);
+    }
+}
+
+// The host's own loop: S, C, H, A, F, T, D and G open their dialogs, Escape or closing the window
 // quits. Without a display each dialog is toured once instead.
 void RunHostLoop(Host& host, Autopilot& pilot) {
     if (pilot.enabled) {
         OpenSettings(host, pilot);
         TourFormDialogs(host, pilot);
+        TourPickers(host, pilot);
         return;
     }
     while (true) {
@@ -296,6 +312,14 @@ void RunHostLoop(Host& host, Autopilot& pilot) {
                 demo::AskForDiskImage(host.window);
             } else if (key == SDLK_a) {
                 demo::ShowAbout(host.window);
+            } else if (key == SDLK_f) {
+                demo::PickCaptureFolder(host.window);
+            } else if (key == SDLK_t) {
+                demo::PickFont(host.window);
+            } else if (key == SDLK_d) {
+                demo::PickFloppy(host.window);
+            } else if (key == SDLK_g) {
+                demo::PickShader(host.window);
             }
         }
         RunMachineSlice(host);
