@@ -139,6 +139,14 @@ TEST_F(SettingsDialog, ApplyHandsOverEachStateAndClosingHandsOverNothing) {
     SDL_DestroyWindow(parent);
 }
 
+TEST_F(SettingsDialog, ApplyWithoutCallbackKeepsTheDialogOpen) {
+    ztest::Faults().skip_delays = true;
+    Script script;
+    script.At(2, kApply).Then(kApply).Then([](Script& s) { s.Key(SDLK_ESCAPE); }, 3);
+    ShowSettingsDialog(nullptr, 1.0f, SettingsDialogValues{}, {});
+    EXPECT_EQ(script.frame(), 6) << "closed by the Escape alone";
+}
+
 TEST_F(SettingsDialog, FailuresReturnAtOnceWithoutCallback) {
     SDL_Window* parent = SDL_CreateWindow("host", 0, 0, 320, 200, SDL_WINDOW_HIDDEN);
     void (*const faults[])() = {
