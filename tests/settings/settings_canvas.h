@@ -1,5 +1,5 @@
 // Helpers of the settings tests: colours as "r,g,b" text, a whole record as one
-// line, the panels' content line under the dialog's fonts, and a hidden canvas.
+// line, and the panels' content line under the dialog's fonts.
 #pragma once
 
 #include "frame/ui_fonts.h"
@@ -41,26 +41,5 @@ inline int PanelTop(bool with_subtitle) {
     int const h2 = TTF_FontHeight(OpenSdlUiFontHandle(15, false, kSemiBold).get());
     return with_subtitle ? 20 + h1 + 6 + h2 + 20 : 20 + h1 + 20;
 }
-
-// A hidden 820 x 492 window with a software renderer, and the dialog's fonts.
-class Canvas : public ztest::DialogTest {
-protected:
-    void SetUp() override {
-        DialogTest::SetUp();
-        window_ = SDL_CreateWindow("canvas", 0, 0, 820, 492, SDL_WINDOW_HIDDEN);
-        renderer_ = SDL_CreateRenderer(window_, -1, SDL_RENDERER_SOFTWARE);
-        ASSERT_TRUE(renderer_ != nullptr && title_ && body_);
-    }
-    void TearDown() override {
-        SDL_DestroyRenderer(renderer_);
-        SDL_DestroyWindow(window_);
-        DialogTest::TearDown();
-    }
-
-    SDL_Window* window_ = nullptr;
-    SDL_Renderer* renderer_ = nullptr;
-    SdlUiFontHandle title_ = OpenSdlUiFontHandle(15, true, kSemiBold);
-    SdlUiFontHandle body_ = OpenSdlUiFontHandle(15, false, kSemiBold);
-};
 
 }  // namespace zset
