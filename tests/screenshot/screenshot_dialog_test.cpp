@@ -144,7 +144,6 @@ TEST_F(ScreenshotDialog, ChooseOpensTheFolderPickerAndCopiesItsFolder) {
     SDL_Window* dialog = nullptr;
     int picker_windows_seen = 0;
     int stops_while_picking = -1;
-    std::string folder_after_cancel;
     ztest::DialogScript script;
     script
         .At(1,
@@ -152,7 +151,10 @@ TEST_F(ScreenshotDialog, ChooseOpensTheFolderPickerAndCopiesItsFolder) {
                 dialog = s.Window();
                 s.Press(300, 160);  // the folder field: a press alone opens nothing
             })
-        .Then([](ztest::DialogScript& s) { s.Release(300, 160); })
+        .Then([&](ztest::DialogScript& s) {
+            EXPECT_EQ(s.Window(), dialog);
+            s.Release(300, 160);
+        })
         .Then(
             [&](ztest::DialogScript& s) {
                 picker_windows_seen += s.Window() != dialog;
