@@ -328,25 +328,27 @@ TEST_F(PickerDialog, ResizedPickerKeepsWorkingTinyAndLarge) {
     for (int i = 10; i < 40; ++i) {
         dir_.Write("f" + std::to_string(i) + ".ttf", "");
     }
+    dir_.Write("bad\xFF.ttf", "");  // names that are no valid UTF-8 or hold a line feed
+    dir_.Write("\xC3\xA9t\xC3\xA9\nline.ttf", "");  // are drawn like any other
     ztest::Frame tiny, large;
     auto const resize = [](int w, int h) {
         return [=](Script& s) { SDL_SetWindowSize(s.Window(), w, h); };
     };
     std::string const got =
         RunScripted([&] { return ShowSimpleTtfFilePicker(nullptr, dir_.path().string()); },
-                    "| wheel:-2 at:100,56 | | at:947,877",  // row 2 of 31 with no room for a row
+                    "| wheel:-2 at:100,56 | | at:947,877",  // row 2 of 33 with no room for a row
                     [&](Script& script) {
                         script.At(2, resize(300, 100));
                         script.At(4, [&](Script& s) { tiny = s.Capture(); });
                         script.At(4, resize(1000, 900));
                         script.At(5, [&](Script& s) { large = s.Capture(); });
                     });
-    EXPECT_EQ(got, (dir_.path() / "f11.ttf").string());
+    EXPECT_EQ(got, (dir_.path() / "f10.ttf").string());
     ASSERT_EQ(tiny.height, 100);
     EXPECT_TRUE(SameColor(tiny.At(212, 62), kButton));  // the accept button moved up
     ASSERT_EQ(large.height, 900);
     EXPECT_TRUE(SameColor(large.At(12, 58 + 24 * 2), kColFormSelectedRow));
-    EXPECT_TRUE(SameColor(large.At(984, 800), kThumb));  // all 31 rows fit in 33
+    EXPECT_TRUE(SameColor(large.At(984, 800), kThumb));  // all 33 rows fit
 }
 
 TEST_F(PickerDialog, FailuresAndBareOptions) {
