@@ -4,30 +4,54 @@
 
 #include "pickers/picker_dialog.h"
 
+#include <utility>
+
 namespace zorvane::frontend::gui {
 
 namespace {
 
-// The common shape of the three file pickers; they differ in texts and rows alone.
-SdlPickerDialogOptions FilePickerOptions(char const* window_title, char const* heading,
+// Window and footer measures of one kind of picker.
+struct PickerFrame {
+    int width = 0;
+    int height = 0;
+    int footer_height = 0;
+    int button_width = 0;
+    int button_height = 0;
+};
+
+constexpr PickerFrame kFilePickerFrame{760, 520, 46, 70, 30};
+constexpr PickerFrame kFolderPickerFrame{780, 540, 50, 86, 34};
+
+SdlPickerDialogOptions MakePickerOptions(char const* window_title, std::string heading,
                                          std::filesystem::path start_directory,
-                                         PickerFamily const& family, unsigned int window_flags) {
+                                         PickerFamily const& family, char const* accept_label,
+                                         char const* cancel_label, PickerFrame const& frame,
+                                         int picker_mode, unsigned int window_flags) {
     SdlPickerDialogOptions options;
     options.window_title = window_title;
-    options.heading = heading;
+    options.heading = std::move(heading);
     options.start_directory = std::move(start_directory);
     options.load_entries = family.load_entries;
     options.label_entry = family.label_entry;
-    options.accept_label = "Open";
-    options.cancel_label = "Cancel";
-    options.window_width = 760;
-    options.window_height = 520;
-    options.footer_height = 46;
-    options.button_width = 70;
-    options.button_height = 30;
-    options.picker_mode = kPickFile;
+    options.accept_label = accept_label;
+    options.cancel_label = cancel_label;
+    options.window_width = frame.width;
+    options.window_height = frame.height;
+    options.footer_height = frame.footer_height;
+    options.button_width = frame.button_width;
+    options.button_height = frame.button_height;
+    options.picker_mode = picker_mode;
     options.window_flags = window_flags;
     return options;
+}
+
+// The file pickers differ in their texts, rows and start folder alone.
+std::string RunFilePicker(SDL_Window* parent, char const* window_title, char const* heading,
+                          std::filesystem::path start_directory, PickerFamily const& family,
+                          unsigned int window_flags) {
+    return RunSimplePickerDialog(
+        parent, MakePickerOptions(window_title, heading, std::move(start_directory), family, "Open",
+                                  "Cancel", kFilePickerFrame, kPickFile, window_flags));
 }
 
 // `text` unless it is empty, else `fallback`.
@@ -38,46 +62,35 @@ char const* TextOr(std::string const& text, char const* fallback) {
 }  // namespace
 
 std::string ShowSimpleFolderPicker(SDL_Window* parent, FolderPickerOptions const& options) {
-    SdlPickerDialogOptions picker;
-    picker.window_title = TextOr(options.window_title, "Select Folder");
-    picker.heading = TextOr(options.heading, "Select destination folder");
-    picker.start_directory = options.start_directory.empty()
-                                 ? std::filesystem::current_path()
-                                 : std::filesystem::path(options.start_directory);
-    picker.load_entries = kFolderPickerFamily.load_entries;
-    picker.label_entry = kFolderPickerFamily.label_entry;
-    picker.accept_label = TextOr(options.accept_label, "Select");
-    picker.cancel_label = TextOr(options.cancel_label, "Cancel");
-    picker.window_width = 780;
-    picker.window_height = 540;
-    picker.footer_height = 50;
-    picker.button_width = 86;
-    picker.button_height = 34;
-    picker.picker_mode = kPickShownFolder;
-    picker.window_flags = SDL_WINDOW_HIDDEN;
-    return RunSimplePickerDialog(parent, picker);
+    char const* const title = TextOr(options.window_title, "Select Folder");
+    char const* const heading = TextOr(options.heading, "Select destination folder");
+    std::filesystem::path start = options.start_directory.empty()
+                                      ? std::filesystem::current_path()
+                                      : std::filesystem::path(options.start_directory);
+    return RunSimplePickerDialog(
+        parent, MakePickerOptions(title, heading, std::move(start), kFolderPickerFamily,
+                                  TextOr(options.accept_label, "Select"),
+                                  TextOr(options.cancel_label, "Cancel"), kFolderPickerFrame,
+                                  kPickShownFolder, SDL_WINDOW_HIDDEN));
 }
 
 std::string ShowSimpleTtfFilePicker(SDL_Window* parent, std::string const& initial_path) {
-    return RunSimplePickerDialog(
-        parent, FilePickerOptions("Select TTF Font", "Select font (*.ttf, *.otf)",
-                                  ResolveSimplePickerStartDir(initial_path, "data/ttf"),
-                                  kFontPickerFamily, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE));
+    return RunFilePicker(parent, "Select TTF Font", "Select font (*.ttf, *.otf)",
+                         ResolveSimplePickerStartDir(initial_path, "data/ttf"), kFontPickerFamily,
+                         SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
 }
 
 std::string ShowSimpleFloppyFilePicker(SDL_Window* parent, std::string const& initial_path) {
-    return RunSimplePickerDialog(
-        parent, FilePickerOptions("Load Floppy Image", "Select floppy image (*.ima, *.img)",
-                                  ResolveSimplePickerStartDir(initial_path, "floppies"),
-                                  kFloppyPickerFamily, SDL_WINDOW_HIDDEN));
+    return RunFilePicker(parent, "Load Floppy Image", "Select floppy image (*.ima, *.img)",
+                         ResolveSimplePickerStartDir(initial_path, "floppies"), kFloppyPickerFamily,
+                         SDL_WINDOW_HIDDEN);
 }
 
 std::string ShowSimpleShaderFilePicker(SDL_Window* parent, std::string const& initial_path) {
-    return RunSimplePickerDialog(
-        parent, FilePickerOptions("Select Shader",
-                                  "Select shader (*.glsl, *.glslp, *.frag, *.vert, *.fs, *.vs)",
-                                  ResolveSimplePickerStartDir(initial_path, "."),
-                                  kShaderPickerFamily, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE));
+    return RunFilePicker(parent, "Select Shader",
+                         "Select shader (*.glsl, *.glslp, *.frag, *.vert, *.fs, *.vs)",
+                         ResolveSimplePickerStartDir(initial_path, "."), kShaderPickerFamily,
+                         SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
 }
 
 }  // namespace zorvane::frontend::gui
