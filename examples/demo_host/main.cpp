@@ -6,7 +6,9 @@
 // and every Apply is taken over, printed and shown on the screen; C saves a
 // screenshot of the host's frame where the user chooses, H asks for a disk image
 // and prints what it would create, A shows the About dialog; F, T, D and G open the
-// folder, font, floppy and shader pickers and print the path picked.
+// folder, font, floppy and shader pickers and print the path picked; P tunes the
+// parameters of the shader or preset named on the command line (or of the sample in
+// examples/shaders) and prints each Apply.
 //
 // Without a display (or with --headless) it runs on SDL's dummy video driver, answers
 // each dialog by itself and saves a PNG of every dialog into a folder it prints.
@@ -19,6 +21,7 @@
 #include <cstring>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "gui/frame.h"
 #include "gui/message_box.h"
@@ -26,6 +29,7 @@
 
 #include "forms_demo.h"
 #include "pickers_demo.h"
+#include "shader_params_demo.h"
 
 namespace {
 
@@ -39,6 +43,8 @@ struct Host {
     unsigned long long frames = 0;
     gui::SettingsDialogValues settings;  // the host's own settings record
     int settings_applies = 0;
+    std::string shader_path;                               // the shader or preset to tune
+    std::vector<gui::ShaderParameterValue> shader_values;  // its parameters as last applied
 };
 
 // Answers dialogs by itself when nobody is there to click: a few frames after a
@@ -97,6 +103,7 @@ void RunMachineSlice(Host& host) {
                  std::to_string(host.settings_applies) + " time(s)",
              6, grey);
     DrawLine(host, "F: folder   T: font   D: floppy image   G: shader", 7, white);
+    DrawLine(host, "P: parameters of " + host.shader_path, 8, white);
     SDL_RenderPresent(host.renderer);
 }
 
@@ -294,6 +301,9 @@ void RunHostLoop(Host& host, Autopilot& pilot) {
         OpenSettings(host, pilot);
         TourFormDialogs(host, pilot);
         TourPickers(host, pilot);
+        pilot.next_name = "shader_params";
+        pilot.beats = 0;
+        demo::TuneShaderParameters(host.window, host.shader_path, host.shader_values);
         return;
     }
     while (true) {
@@ -320,6 +330,8 @@ void RunHostLoop(Host& host, Autopilot& pilot) {
                 demo::PickFloppy(host.window);
             } else if (key == SDLK_g) {
                 demo::PickShader(host.window);
+            } else if (key == SDLK_p) {
+                demo::TuneShaderParameters(host.window, host.shader_path, host.shader_values);
             }
         }
         RunMachineSlice(host);
@@ -367,6 +379,7 @@ int main(int argc, char** argv) {
     }
     host.font = OpenHostFont();
     host.settings.fps = 60;
+    host.shader_path = demo::ShaderPathFromArguments(argc, argv);
 
     gui::SetModalDialogHeartbeat([&host, &pilot] {
         RunMachineSlice(host);
