@@ -108,13 +108,18 @@ TEST(HddCreateForm, ReturnCommitsFromEitherFieldAndFillsEmptyTexts) {
 
 class HddCreateDialog : public ztest::DialogTest {};
 
-TEST_F(HddCreateDialog, CreateReturnsTheTypedSizeAndName) {
+TEST_F(HddCreateDialog, CreateReturnsTheTypedSizeNameAndChosenFolder) {
+    ztest::TempDir dir;
+    fs::create_directory(dir.path() / "sub");
+    SDL_Window* dialog = nullptr;
+    std::string picker_title;
     ztest::Frame first;
-    ztest::Frame typed;
+    ztest::Frame back;
     ztest::DialogScript script;
     script
         .At(1,
             [&](ztest::DialogScript& s) {
+                dialog = s.Window();
                 first = s.Capture();
                 s.Key(SDLK_BACKSPACE);
                 s.Key(SDLK_BACKSPACE);
@@ -124,25 +129,39 @@ TEST_F(HddCreateDialog, CreateReturnsTheTypedSizeAndName) {
                     s.Key(SDLK_BACKSPACE);
                 }
                 s.Text("games.img");
-                s.Click(5, 5);  // elsewhere: the focus stays
+                s.Click(700, 200);  // "Choose"
             })
-        .Then([&](ztest::DialogScript& s) {
-            typed = s.Capture();
-            s.Click(790, 330);  // Create
-        });
-    HddCreateDialogResult const r = ShowSimpleHddCreateDialog(nullptr, "", 0);
+        .Then(
+            [&](ztest::DialogScript& s) {
+                picker_title = SDL_GetWindowTitle(s.Window());
+                s.Key(SDLK_RETURN);  // row 0 is the parent entry: up to the temporary folder
+            },
+            2)
+        .Then([](ztest::DialogScript& s) { s.Click(700, 510); }, 2)  // the picker's "Use"
+        .Then(
+            [&](ztest::DialogScript& s) {
+                back = s.Capture();
+                EXPECT_EQ(ztest::RecordedCalls("SDL_SetWindowInputFocus").back().object, dialog);
+                s.Click(5, 5);  // elsewhere: the focus stays
+                s.Text("x");
+                s.Click(790, 330);  // Create
+            },
+            2);
+    HddCreateDialogResult const r =
+        ShowSimpleHddCreateDialog(nullptr, (dir.path() / "sub").string(), 0);
     EXPECT_FALSE(script.timed_out());
     EXPECT_TRUE(r.accepted);
     EXPECT_EQ(r.size_mb, 2048u);
-    EXPECT_EQ(r.folder, ".");
-    EXPECT_EQ(r.file_name, "games.img");
+    EXPECT_TRUE(fs::equivalent(r.folder, dir.path())) << r.folder;
+    EXPECT_EQ(r.file_name, "games.imgx");
+    EXPECT_EQ(picker_title, "Select HDD Output Folder");
 
     EXPECT_EQ(ztest::RecordedCalls("SDL_CreateWindow").at(0).args,
               (std::vector<long long>{0x2FFF0050, 0x2FFF0050, 860, 390, SDL_WINDOW_HIDDEN}));
     ASSERT_EQ(first.width, 860);
     EXPECT_TRUE(HasColor(first, 250, 72, {160, 176, 210, 255})) << "the size has the focus";
     EXPECT_TRUE(HasColor(first, 845, 355, {56, 64, 74, 255})) << "Create";
-    EXPECT_TRUE(HasColor(typed, 250, 132, {160, 176, 210, 255})) << "the name has the focus";
+    EXPECT_TRUE(HasColor(back, 250, 132, {160, 176, 210, 255})) << "the name has the focus";
 }
 
 TEST_F(HddCreateDialog, EveryWayOutButCreateReturnsTheStartingValues) {
@@ -183,43 +202,6 @@ TEST_F(HddCreateDialog, EveryWayOutButCreateReturnsTheStartingValues) {
     }
     EXPECT_EQ(ztest::CountLiveObjects().windows, 1);
     SDL_DestroyWindow(parent);
-}
-
-TEST_F(HddCreateDialog, ChooseOpensThePickerAndItsFolderIsUsed) {
-    ztest::TempDir dir;
-    fs::create_directory(dir.path() / "sub");
-    SDL_Window* dialog = nullptr;
-    std::string picker_title;
-    ztest::DialogScript script;
-    script
-        .At(1,
-            [&](ztest::DialogScript& s) {
-                dialog = s.Window();
-                s.Click(300, 150);  // focus on the file name
-                s.Click(700, 200);  // "Choose"
-            })
-        .Then(
-            [&](ztest::DialogScript& s) {
-                picker_title = SDL_GetWindowTitle(s.Window());
-                s.Key(SDLK_RETURN);  // row 0 is the parent entry: up to the temporary folder
-            },
-            2)
-        .Then([](ztest::DialogScript& s) { s.Click(700, 510); }, 2)  // the picker's "Use"
-        .Then(
-            [&](ztest::DialogScript& s) {
-                EXPECT_EQ(ztest::RecordedCalls("SDL_SetWindowInputFocus").back().object, dialog);
-                s.Text("x");  // still the file name field
-                s.Key(SDLK_RETURN);
-            },
-            2);
-    HddCreateDialogResult const r =
-        ShowSimpleHddCreateDialog(nullptr, (dir.path() / "sub").string(), 20);
-    EXPECT_FALSE(script.timed_out());
-    EXPECT_EQ(picker_title, "Select HDD Output Folder");
-    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 2);
-    EXPECT_TRUE(r.accepted);
-    EXPECT_TRUE(fs::equivalent(r.folder, dir.path())) << r.folder;
-    EXPECT_EQ(r.file_name, "disk.imgx");
 }
 
 }  // namespace

@@ -32,15 +32,19 @@ using ztest::HasColor;
 
 class ScreenshotDialog : public ztest::DialogTest {};
 
-TEST_F(ScreenshotDialog, SaveReturnsWhatWasTypedAndChosen) {
+TEST_F(ScreenshotDialog, SaveReturnsWhatWasTypedChosenAndPicked) {
     ztest::TempDir dir;
-    std::string const folder = dir.path().string();
+    std::filesystem::create_directory(dir.path() / "sub");
+    SDL_Window* dialog = nullptr;
+    int picker_windows_seen = 0;
+    int stops_while_picking = -1;
     ztest::Frame first;
     ztest::Frame list_open;
     ztest::DialogScript script;
     script
         .At(1,
             [&](ztest::DialogScript& s) {
+                dialog = s.Window();
                 first = s.Capture();
                 for (int i = 0; i < 11; ++i) {  // "capture.jpg"
                     s.Key(SDLK_BACKSPACE);
@@ -53,13 +57,40 @@ TEST_F(ScreenshotDialog, SaveReturnsWhatWasTypedAndChosen) {
             s.Click(kFormatX, 252 + 10);  // the PNG row
             s.Key(SDLK_BACKSPACE);
             s.Text("7");
+            s.Press(300, 160);  // the folder field: a press alone opens nothing
         })
-        .Then([](ztest::DialogScript& s) { s.Click(kSaveX, kButtonsY); });
-    ScreenshotSaveDialogResult const r =
-        ShowScreenshotSaveDialog(nullptr, folder, "capture.png", Format::Jpeg, 500, -1, false);
+        .Then([&](ztest::DialogScript& s) {
+            EXPECT_EQ(s.Window(), dialog);
+            s.Release(300, 160);
+        })
+        .Then(
+            [&](ztest::DialogScript& s) {
+                picker_windows_seen += s.Window() != dialog;
+                s.Key(SDLK_ESCAPE);  // cancel the picker
+            },
+            2)
+        .Then([](ztest::DialogScript& s) { s.Click(kChooseX, kChooseY); }, 2)
+        .Then(
+            [&](ztest::DialogScript& s) {
+                picker_windows_seen += s.Window() != dialog;
+                stops_while_picking = ztest::CountCalls("SDL_StopTextInput");
+                s.Key(SDLK_RETURN);  // row 0 is the parent entry: up to the temporary folder
+            },
+            2)
+        .Then([](ztest::DialogScript& s) { s.Click(700, 510); }, 2)  // the picker's "Use"
+        .Then(
+            [&](ztest::DialogScript& s) {
+                EXPECT_EQ(ztest::RecordedCalls("SDL_SetWindowInputFocus").back().object, dialog);
+                s.Click(kSaveX, kButtonsY);
+            },
+            2);
+    ScreenshotSaveDialogResult const r = ShowScreenshotSaveDialog(
+        nullptr, (dir.path() / "sub").string(), "capture.png", Format::Jpeg, 500, -1, false);
     EXPECT_FALSE(script.timed_out());
     EXPECT_TRUE(r.accepted);
-    EXPECT_EQ(r.folder, folder);
+    EXPECT_TRUE(std::filesystem::equivalent(r.folder, dir.path())) << r.folder;
+    EXPECT_EQ(picker_windows_seen, 2);
+    EXPECT_EQ(stops_while_picking, 0) << "text input stays on while the picker runs";
     EXPECT_EQ(r.file_name, "bootscr\xC3\xA9\x65n.png");
     EXPECT_EQ(r.format, Format::Png);
     EXPECT_EQ(r.jpeg_quality, 100);
@@ -67,8 +98,9 @@ TEST_F(ScreenshotDialog, SaveReturnsWhatWasTypedAndChosen) {
     EXPECT_FALSE(r.bmp_rle);
 
     auto const created = ztest::RecordedCalls("SDL_CreateWindow");
-    ASSERT_EQ(created.size(), 1u);
+    ASSERT_EQ(created.size(), 3u);
     EXPECT_EQ(created[0].text, "Save Screenshot");
+    EXPECT_EQ(created[1].text, "Select Screenshot Output Folder");
     EXPECT_EQ(created[0].args, (std::vector<long long>{0x2FFF0050, 0x2FFF0050, 900, 410,
                                                        SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE}));
     EXPECT_EQ(ztest::RecordedCalls("SDL_Delay").at(0).args.at(0), 8);
@@ -135,64 +167,6 @@ TEST_F(ScreenshotDialog, EveryWayOutButSaveReturnsTheStartingValues) {
     }
     EXPECT_EQ(ztest::CountLiveObjects().windows, 1);
     SDL_DestroyWindow(parent);
-}
-
-TEST_F(ScreenshotDialog, ChooseOpensTheFolderPickerAndCopiesItsFolder) {
-    ztest::TempDir dir;
-    std::filesystem::create_directory(dir.path() / "sub");
-    std::string const start = (dir.path() / "sub").string();
-    SDL_Window* dialog = nullptr;
-    int picker_windows_seen = 0;
-    int stops_while_picking = -1;
-    ztest::DialogScript script;
-    script
-        .At(1,
-            [&](ztest::DialogScript& s) {
-                dialog = s.Window();
-                s.Press(300, 160);  // the folder field: a press alone opens nothing
-            })
-        .Then([&](ztest::DialogScript& s) {
-            EXPECT_EQ(s.Window(), dialog);
-            s.Release(300, 160);
-        })
-        .Then(
-            [&](ztest::DialogScript& s) {
-                picker_windows_seen += s.Window() != dialog;
-                s.Key(SDLK_ESCAPE);  // cancel the picker
-            },
-            2)
-        .Then(
-            [&](ztest::DialogScript& s) {
-                EXPECT_EQ(s.Window(), dialog);
-                s.Click(kChooseX, kChooseY);
-            },
-            2)
-        .Then(
-            [&](ztest::DialogScript& s) {
-                picker_windows_seen += s.Window() != dialog;
-                stops_while_picking = ztest::CountCalls("SDL_StopTextInput");
-                s.Key(SDLK_RETURN);  // row 0 is the parent entry: up to the temporary folder
-            },
-            2)
-        .Then([](ztest::DialogScript& s) { s.Click(700, 510); }, 2)  // the picker's "Use"
-        .Then(
-            [&](ztest::DialogScript& s) {
-                EXPECT_EQ(s.Window(), dialog);
-                EXPECT_EQ(ztest::RecordedCalls("SDL_SetWindowInputFocus").back().object, dialog);
-                s.Key(SDLK_RETURN);
-            },
-            2);
-    ScreenshotSaveDialogResult const r =
-        ShowScreenshotSaveDialog(nullptr, start, "shot", Format::Png, 90, 2, true);
-    EXPECT_FALSE(script.timed_out());
-    EXPECT_EQ(picker_windows_seen, 2);
-    EXPECT_EQ(stops_while_picking, 0) << "text input stays on while the picker runs";
-    auto const created = ztest::RecordedCalls("SDL_CreateWindow");
-    ASSERT_EQ(created.size(), 3u);
-    EXPECT_EQ(created[1].text, "Select Screenshot Output Folder");
-    EXPECT_TRUE(r.accepted);
-    EXPECT_TRUE(std::filesystem::equivalent(r.folder, dir.path())) << r.folder;
-    EXPECT_EQ(r.file_name, "shot.png");
 }
 
 TEST_F(ScreenshotDialog, ResizingMovesOnlyTheRightHandAndBottomParts) {
