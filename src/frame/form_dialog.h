@@ -18,15 +18,13 @@ public:
     ScopedTextInput& operator=(ScopedTextInput const&) = delete;
 };
 
-// Removes the last UTF-8 character of `text`: its continuation bytes together with
-// the byte that leads them, so no broken sequence is left behind. Stray continuation
-// bytes count with the character before them. Does nothing for an empty text.
-inline void EraseLastUtf8Character(std::string& text) {
-    std::size_t end = text.size();
-    while (end > 0 && (static_cast<unsigned char>(text[end - 1]) & 0xC0u) == 0x80u) {
-        --end;
+// Backspace at the end of a field: removes the last byte of `text`, if it has one.
+// Fields are edited byte by byte, as they are typed; a multi-byte character takes as
+// many presses as it has bytes.
+inline void EraseLastByte(std::string& text) {
+    if (!text.empty()) {
+        text.pop_back();
     }
-    text.erase(end > 0 ? end - 1 : 0);
 }
 
 // Runs the folder picker over `parent`, opened on `folder`, with "Use" and "Cancel";

@@ -83,7 +83,7 @@ void HandleHddCreateDialogKey(HddCreateDialogState* state, int keycode) {
                 state->focused_field == kHddFieldSize ? kHddFieldFileName : kHddFieldSize;
             break;
         case SDLK_BACKSPACE:
-            EraseLastUtf8Character(FocusedText(*state));
+            EraseLastByte(FocusedText(*state));
             break;
         case SDLK_RETURN:
         case SDLK_KP_ENTER:

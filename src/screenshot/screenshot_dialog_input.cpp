@@ -143,7 +143,7 @@ void HandleScreenshotSaveDialogKey(ScreenshotSaveDialogState* state, int keycode
         }
         case SDLK_BACKSPACE:
             if (std::string* text = FocusedText(*state)) {
-                EraseLastUtf8Character(*text);
+                EraseLastByte(*text);
             }
             break;
         case SDLK_RETURN:

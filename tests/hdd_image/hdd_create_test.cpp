@@ -80,7 +80,7 @@ TEST(HddCreateForm, KeysAndTextEditTheFocusedField) {
     } const rows[] = {
         {"1", "", "2a3 4-5.6789012", "1234567890", ""},
         {"", "", "\tc:/d|\xC3\xA9\xE2\x82\xAC", "", "cd\xC3\xA9\xE2\x82\xAC"},
-        {"", "d\xC3\xA9\xE2\x82\xAC", "\t\b", "", "d\xC3\xA9"},
+        {"", "d\xC3\xA9\xE2\x82\xAC", "\t\b", "", "d\xC3\xA9\xE2\x82"},
         {"", n127, "\t*xy", "", n127 + "x"},
         {"", "", "\b\t\b\t\b5", "5", ""},
         {"12", "ab", "\t\t\b", "1", "ab"},

@@ -117,7 +117,8 @@ TEST(ScreenshotForm, TypingKeepsWhatEachFieldAccepts) {
     } const rows[] = {
         // clang-format off
         {Format::Png, kName, "", "a/b:c*\xC3\xA9\xE2\x82\xAC", "abc\xC3\xA9\xE2\x82\xAC"},
-        {Format::Png, kName, "a\xC3\xA9\xE2\x82\xAC", "\b", "a\xC3\xA9"},
+        {Format::Png, kName, "a\xC3\xA9\xE2\x82\xAC", "\b", "a\xC3\xA9\xE2\x82"},
+        {Format::Png, kName, "a\xC3\xA9", "\b\b", "a"},
         {Format::Png, kName, "a\xC3\xA9", "\b\b\b", ""}, {Format::Png, kName, x179, "?yz", nullptr},
         {Format::Jpeg, kJpeg, "", "1x2-34", "123"}, {Format::Png, kPng, "", "45", "4"},
         {Format::Png, kPng, "4", "6\b6", "6"}, {Format::Png, kNone, "1", "2a\b", "1"},
