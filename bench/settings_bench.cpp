@@ -2,6 +2,7 @@
 // the floor of a clear and present of the 820 x 492 window, on the software
 // renderer; the same frames without fonts show what text drawing costs.
 #include "bench_support.h"
+#include "frame/draw.h"
 #include "settings/settings_internal.h"
 
 #include <string>
@@ -22,7 +23,7 @@ void DrawSettingsFrame(SDL_Renderer* renderer, TTF_Font* title_font, TTF_Font* b
     SDL_SetRenderDrawColor(renderer, 18, 21, 27, 255);
     SDL_RenderClear(renderer);
     DrawLeftPanel(renderer, title_font, body_font, items, panel, 300, 100);
-    FillSettingsRect(renderer, {225, 0, 595, 436}, {18, 21, 27, 255});
+    FillRect(renderer, {225, 0, 595, 436}, {18, 21, 27, 255});
     RightPanelContext context;
     context.renderer = renderer;
     context.title_font = title_font;

@@ -6,6 +6,7 @@
 // [SECTION] Run: ShowSimpleAboutDialog
 #include "about/about_dialog.h"
 
+#include "frame/draw.h"
 #include "frame/hit_test.h"
 #include "gui/about.h"
 
@@ -40,16 +41,6 @@ int Scaled(float value, float scale) {
 
 void SetColor(SDL_Renderer* renderer, SDL_Color color) {
     SDL_SetRenderDrawColor(renderer, color.r, color.g, color.b, color.a);
-}
-
-void FillRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetColor(renderer, color);
-    SDL_RenderFillRect(renderer, &rect);
-}
-
-void OutlineRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetColor(renderer, color);
-    SDL_RenderDrawRect(renderer, &rect);
 }
 
 void DrawLabelled(SDL_Renderer* renderer, TTF_Font* font, int x, int value_x, int y,

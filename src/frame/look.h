@@ -2,6 +2,7 @@
 // panel look and of the form look, the list scrollbar, and two text helpers.
 #pragma once
 
+#include "frame/draw.h"
 #include "frame/hit_test.h"
 
 #include <string>
@@ -33,11 +34,6 @@ inline constexpr SDL_Color kColFormListFill{28, 32, 38, 255};
 inline constexpr SDL_Color kColFormSelectedRow{52, 66, 90, 255};
 inline constexpr SDL_Color kColFormText{232, 236, 240, 255};
 inline constexpr SDL_Color kColFormTextSecondary{170, 178, 190, 255};
-
-// Sets the renderer's draw colour.
-inline void SetDrawColor(SDL_Renderer* renderer, SDL_Color color) {
-    SDL_SetRenderDrawColor(renderer, color.r, color.g, color.b, color.a);
-}
 
 // One vertical scrollbar at the right edge of a list area.
 struct SimpleScrollbarLayout {

@@ -6,6 +6,7 @@
 // [SECTION] Loop: RunSdlMessageBoxLoop
 #include "message_box/message_box_internal.h"
 
+#include "frame/draw.h"
 #include "frame/hit_test.h"
 
 #include <algorithm>
@@ -23,16 +24,6 @@ constexpr Uint32 kMessageBoxDelayMs = 12;
 // lroundf of `value` · `scale` in float, raised to `lower_limit`.
 int Scaled(float value, float scale, int lower_limit) {
     return std::max(static_cast<int>(std::lroundf(value * scale)), lower_limit);
-}
-
-void FillRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SDL_SetRenderDrawColor(renderer, color.r, color.g, color.b, color.a);
-    SDL_RenderFillRect(renderer, &rect);
-}
-
-void OutlineRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SDL_SetRenderDrawColor(renderer, color.r, color.g, color.b, color.a);
-    SDL_RenderDrawRect(renderer, &rect);
 }
 
 // Width and height of `text` in `font`, or 0, 0 when it cannot be measured.

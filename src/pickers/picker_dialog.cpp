@@ -11,6 +11,7 @@
 // [SECTION] Loop: RunPickerDialogLoop, RunSimplePickerDialog
 #include "pickers/picker_dialog.h"
 
+#include "frame/draw.h"
 #include "frame/modal_window.h"
 #include "frame/ui_fonts.h"
 
@@ -45,11 +46,6 @@ PickerDialogLayout CurrentPickerLayout(SDL_Window* window, SdlPickerDialogOption
     int height = 0;
     SDL_GetWindowSize(window, &width, &height);
     return BuildPickerDialogLayout(options, width, height);
-}
-
-void FillRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetDrawColor(renderer, color);
-    SDL_RenderFillRect(renderer, &rect);
 }
 
 }  // namespace

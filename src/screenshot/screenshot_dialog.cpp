@@ -16,16 +16,6 @@ namespace {
 
 constexpr SDL_Color kCheckboxMark = kColAccentFg;
 
-void FillRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetDrawColor(renderer, color);
-    SDL_RenderFillRect(renderer, &rect);
-}
-
-void OutlineRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetDrawColor(renderer, color);
-    SDL_RenderDrawRect(renderer, &rect);
-}
-
 void DrawTextAt(SDL_Renderer* renderer, std::string const& text, int x, int y, SDL_Color color) {
     DrawScreenshotDialogText(renderer, text.c_str(), x, y, color);
 }

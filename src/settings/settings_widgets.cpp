@@ -19,11 +19,6 @@ constexpr int kNavRowHeight = 30;
 constexpr int kNavWidth = 224;
 constexpr int kNavHeight = 436;
 
-void OutlineRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetDrawColor(renderer, color);
-    SDL_RenderDrawRect(renderer, &rect);
-}
-
 // Renders `label` centred in `rect`, unscaled and unclipped.
 void DrawCentredLabel(SDL_Renderer* renderer, TTF_Font* font, SDL_Rect const& rect,
                       std::string const& label) {
@@ -47,10 +42,10 @@ void DrawNavItem(SDL_Renderer* renderer, TTF_Font* font, NavItem const& item, in
                  bool active, bool hovered) {
     SDL_Rect const row{0, row_y, kNavWidth, kNavRowHeight};
     if (active) {
-        FillSettingsRect(renderer, row, kColNavActive);
-        FillSettingsRect(renderer, {0, row_y, 3, kNavRowHeight}, kColAccentFg);
+        FillRect(renderer, row, kColNavActive);
+        FillRect(renderer, {0, row_y, 3, kNavRowHeight}, kColAccentFg);
     } else if (hovered) {
-        FillSettingsRect(renderer, row, kColWidgetHover);
+        FillRect(renderer, row, kColWidgetHover);
     }
     int const h = FontHeightOr(font, 16);
     DrawText(renderer, font, item.label, 22, row_y + (kNavRowHeight - h) / 2,
@@ -58,11 +53,6 @@ void DrawNavItem(SDL_Renderer* renderer, TTF_Font* font, NavItem const& item, in
 }
 
 }  // namespace
-
-void FillSettingsRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetDrawColor(renderer, color);
-    SDL_RenderFillRect(renderer, &rect);
-}
 
 void PlotSettingsRing(SDL_Renderer* renderer, int cx, int cy, int radius, int min_sq, int max_sq,
                       SDL_Color color) {
@@ -79,7 +69,7 @@ void PlotSettingsRing(SDL_Renderer* renderer, int cx, int cy, int radius, int mi
 
 void DrawButton(SDL_Renderer* renderer, TTF_Font* font, SDL_Rect const& rect,
                 std::string const& label, bool hovered) {
-    FillSettingsRect(renderer, rect, hovered ? kColButtonHover : kColButton);
+    FillRect(renderer, rect, hovered ? kColButtonHover : kColButton);
     OutlineRect(renderer, rect, kColPanelButtonOutline);
     DrawCentredLabel(renderer, font, rect, label);
 }
@@ -95,11 +85,11 @@ bool DrawCheckbox(SDL_Renderer* renderer, TTF_Font* font, int x, int y, bool che
     bool const hovered = IsInRect(mouse_x, mouse_y, row);
     // Drawing.
     if (hovered) {
-        FillSettingsRect(renderer, row, kColWidgetHover);
+        FillRect(renderer, row, kColWidgetHover);
     }
     OutlineRect(renderer, {x, y, 16, 16}, kColTextDim);
     if (checked) {
-        FillSettingsRect(renderer, {x + 3, y + 3, 10, 10}, kColAccentFg);
+        FillRect(renderer, {x + 3, y + 3, 10, 10}, kColAccentFg);
     }
     DrawText(renderer, font, label, x + 26, label_y, checked ? kColTextHi : kColTextMid);
     return hovered;
@@ -113,7 +103,7 @@ void DrawRadioGroup(SDL_Renderer* renderer, TTF_Font* font, int x, int y,
         int const row_y = y + kRadioRowHeight * i;
         bool const selected = options[i].value == selected_value;
         if (i == hovered_index) {
-            FillSettingsRect(renderer, {x - 4, row_y, 583, kRadioRowHeight}, kColWidgetHover);
+            FillRect(renderer, {x - 4, row_y, 583, kRadioRowHeight}, kColWidgetHover);
         }
         PlotSettingsRing(renderer, x + 8, row_y + 17, 8, 37, 64, kColTextDim);
         if (selected) {
@@ -151,13 +141,13 @@ int DrawPanelHeader(SDL_Renderer* renderer, TTF_Font* title_font, TTF_Font* subt
 
 void DrawLeftPanel(SDL_Renderer* renderer, TTF_Font* section_font, TTF_Font* item_font,
                    std::vector<NavItem> const& items, int active_panel, int mouse_x, int mouse_y) {
-    FillSettingsRect(renderer, {0, 0, kNavWidth, kNavHeight}, kColPanelContent);
+    FillRect(renderer, {0, 0, kNavWidth, kNavHeight}, kColPanelContent);
     int const hs = FontHeightOr(section_font, 16);
     for (int i = 0; i < static_cast<int>(items.size()); ++i) {
         NavItem const& item = items[i];
         int const row_y = 10 + kNavRowHeight * i;
         if (item.kind == 0) {
-            FillSettingsRect(renderer, {0, row_y, kNavWidth, kNavRowHeight}, kColPanelTile);
+            FillRect(renderer, {0, row_y, kNavWidth, kNavRowHeight}, kColPanelTile);
             DrawText(renderer, section_font, item.label, 10, row_y + (kNavRowHeight - hs) / 2,
                      kColTextDim);
             continue;
@@ -172,7 +162,7 @@ void DrawLeftPanel(SDL_Renderer* renderer, TTF_Font* section_font, TTF_Font* ite
 
 void DrawBottomBar(SDL_Renderer* renderer, TTF_Font* font, SDL_Rect const& cancel_rect,
                    SDL_Rect const& apply_rect, int mouse_x, int mouse_y) {
-    FillSettingsRect(renderer, {0, 436, 820, 56}, kColPanelFooter);
+    FillRect(renderer, {0, 436, 820, 56}, kColPanelFooter);
     SetDrawColor(renderer, kColPanelOutline);
     SDL_RenderDrawLine(renderer, 0, 436, 820, 436);
     DrawButton(renderer, font, cancel_rect, "Cancel", IsInRect(mouse_x, mouse_y, cancel_rect));

@@ -63,7 +63,7 @@ bool DrawRangeSlider(SDL_Renderer* renderer, TTF_Font* font, int x, int y, int w
 
 // Drawing helpers shared by the widgets and sliders.
 inline constexpr SDL_Color kColWidgetHover{40, 46, 60, 255};
-void FillSettingsRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color);
+
 // Plots every point around (cx, cy) within offsets -radius..radius whose squared
 // distance lies between `min_sq` and `max_sq`, both included.
 void PlotSettingsRing(SDL_Renderer* renderer, int cx, int cy, int radius, int min_sq, int max_sq,

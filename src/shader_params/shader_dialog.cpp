@@ -41,16 +41,6 @@ constexpr SDL_Color kColFooterLine{60, 66, 78, 255};
 constexpr SDL_Color kColButtonFill{48, 52, 60, 255};
 constexpr SDL_Color kColButtonOutline{84, 92, 104, 255};
 
-void FillRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetDrawColor(renderer, color);
-    SDL_RenderFillRect(renderer, &rect);
-}
-
-void OutlineRect(SDL_Renderer* renderer, SDL_Rect const& rect, SDL_Color color) {
-    SetDrawColor(renderer, color);
-    SDL_RenderDrawRect(renderer, &rect);
-}
-
 int ParameterCount(ShaderDialogSession const& session) {
     return static_cast<int>(std::min<std::size_t>(session.specs->size(), INT_MAX));
 }
