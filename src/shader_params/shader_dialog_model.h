@@ -58,19 +58,19 @@ struct ShaderDialogSession {
     int scroll_y = 0;
 };
 
-// One value per spec, in spec order: the first override of the spec's name or its
-// default, clamped and snapped. `accepted` starts false.
+// One value per parameter, in list order: the first override of the parameter's name
+// or its default, clamped and snapped. `accepted` starts false.
 ShaderDialogResult InitializeShaderDialogResult(std::vector<ShaderParameterSpec> const& specs,
                                                 std::vector<ShaderParameterValue> const& overrides);
 
 // The metrics for `parameter_count` rows; `scale` is not used.
 ShaderDialogGeometry BuildShaderDialogGeometry(int parameter_count, float scale);
 
-// The frame's rectangles from the session's specs, geometry and scroll position.
+// The frame's rectangles from the session's parameters, geometry and scroll position.
 ShaderDialogLayout BuildShaderDialogLayout(ShaderDialogSession const& session, int width,
                                            int height);
 
-// `value` clamped to the spec's bounds and, for a positive step, moved to the
+// `value` clamped to the parameter's bounds and, for a positive step, moved to the
 // nearest stop of the grid that starts at min_value.
 float SnapToStep(ShaderParameterSpec const& spec, float value);
 
