@@ -19,13 +19,18 @@ protected:
     void TearDown() override { SetModalDialogHeartbeat(nullptr); }
 };
 
-TEST_F(Heartbeat, EmptyHeartbeatPumpsNothing) {
-    PumpModalDialogHeartbeat();
+TEST_F(Heartbeat, PumpsTheRegisteredCallableAndDropsTheReplacedOneAtOnce) {
+    PumpModalDialogHeartbeat();  // nothing registered yet
+    auto token = std::make_shared<int>(1);
+    std::weak_ptr<int> watch = token;
     int calls = 0;
-    SetModalDialogHeartbeat([&] { ++calls; });
+    SetModalDialogHeartbeat([token, &calls] { ++calls; });
+    token.reset();
     PumpModalDialogHeartbeat();
     PumpModalDialogHeartbeat();
+    EXPECT_FALSE(watch.expired());
     SetModalDialogHeartbeat({});
+    EXPECT_TRUE(watch.expired()) << "the replaced callable is gone when Set returns";
     PumpModalDialogHeartbeat();
     EXPECT_EQ(calls, 2);
 }
@@ -55,16 +60,6 @@ TEST_F(Heartbeat, ReplacedOrClearedFromInsideItselfFinishesItsCall) {
     PumpModalDialogHeartbeat();
     PumpModalDialogHeartbeat();
     EXPECT_EQ(cleared_calls, 1);
-}
-
-TEST_F(Heartbeat, PreviousCallableIsDestroyedBeforeSetReturns) {
-    auto token = std::make_shared<int>(1);
-    std::weak_ptr<int> watch = token;
-    SetModalDialogHeartbeat([token] {});
-    token.reset();
-    EXPECT_FALSE(watch.expired());
-    SetModalDialogHeartbeat([] {});
-    EXPECT_TRUE(watch.expired());
 }
 
 TEST_F(Heartbeat, ExceptionPassesThroughAndTheNextPumpWorks) {

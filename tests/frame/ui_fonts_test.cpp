@@ -44,12 +44,6 @@ std::vector<std::string> Paths(std::initializer_list<std::array<char const*, 3> 
     return paths;
 }
 
-TEST_F(UiFonts, PointSizeBelowOneAsksNothing) {
-    EXPECT_EQ(OpenSdlUiFontHandle(0, false, kSemiBold), nullptr);
-    EXPECT_EQ(OpenSdlUiFontHandle(-4, true, kRegular), nullptr);
-    EXPECT_TRUE(ztest::RecordedCalls().empty());
-}
-
 TEST_F(UiFonts, SearchOrderWithoutTheDataFolder) {
     ztest::TempDir empty;
     ztest::ScopedWorkingDirectory cwd(empty.path());
@@ -84,10 +78,7 @@ TEST_F(UiFonts, SearchOrderWithoutTheDataFolder) {
 }
 
 TEST_F(UiFonts, BundledFilesWinInTheProjectFolder) {
-    if (!std::filesystem::exists(kSemiBoldFontPaths[0]) ||
-        !std::filesystem::exists(kRegularFontPaths[0])) {
-        GTEST_SKIP() << "data/ttf was not fetched";
-    }
+    // The set-up step fetches both UI fonts into data/ttf.
     SdlUiFontHandle regular = OpenSdlUiFontHandle(15, false, kRegular);
     SdlUiFontHandle semibold_plain = OpenSdlUiFontHandle(15, false, kSemiBold);
     SdlUiFontHandle semibold_bold = OpenSdlUiFontHandle(15, true, kRegular);
@@ -167,7 +158,10 @@ TEST_F(UiFonts, FontSetsScaleWithLowerLimits) {
     EXPECT_EQ(ztest::CountLiveObjects().fonts, 0);
 }
 
-TEST_F(UiFonts, TtfStartsOnDemandAndItsFailureGivesNull) {
+TEST_F(UiFonts, NoPointSizeAsksNothingAndAFailedTtfStartGivesNull) {
+    EXPECT_EQ(OpenSdlUiFontHandle(0, false, kSemiBold), nullptr);
+    EXPECT_EQ(OpenSdlUiFontHandle(-4, true, kRegular), nullptr);
+    EXPECT_TRUE(ztest::RecordedCalls().empty());
     ztest::Faults().fail_ttf_init = true;
     EXPECT_EQ(OpenSdlUiFontHandle(12, false, kSemiBold), nullptr);
     EXPECT_EQ(ztest::RecordedCallNames(), (std::vector<std::string>{"TTF_WasInit", "TTF_Init"}));

@@ -99,7 +99,7 @@ TEST_F(MessageBox, EachTypeDrawsItsFrameAndAnswersTheClickedButton) {
     }
 }
 
-TEST_F(MessageBox, DefaultsAGrowingWindowAndEscapeOnTheOkButton) {
+TEST_F(MessageBox, DefaultsAGrowingWindowAndEscapeOnTheOkButtonTwice) {
     SdlMessageBox box(SdlMessageBox::Config{});
     ASSERT_EQ(box.config().buttons.size(), 1u);
     EXPECT_EQ(box.config().title, "Message");
@@ -108,10 +108,12 @@ TEST_F(MessageBox, DefaultsAGrowingWindowAndEscapeOnTheOkButton) {
     EXPECT_EQ(box.config().width, 320);
     EXPECT_EQ(box.config().height, 140);
 
-    ztest::DialogScript script;
-    script.At(4, [](ztest::DialogScript& s) { s.Key(SDLK_ESCAPE); });
-    EXPECT_EQ(box.Show(nullptr, 1.0f), 1);
-
+    for (int run = 0; run < 2; ++run) {  // Show leaves the box as it was: it runs again
+        ztest::ResetRecorder();
+        ztest::DialogScript script;
+        script.At(4, [](ztest::DialogScript& s) { s.Key(SDLK_ESCAPE); });
+        EXPECT_EQ(box.Show(nullptr, 1.0f), 1);
+    }
     auto const created = ztest::RecordedCalls("SDL_CreateWindow");
     ASSERT_EQ(created.size(), 1u);
     EXPECT_EQ(created[0].text, "Message");
@@ -121,9 +123,8 @@ TEST_F(MessageBox, DefaultsAGrowingWindowAndEscapeOnTheOkButton) {
     auto const resized = ztest::RecordedCalls("SDL_SetWindowSize");
     ASSERT_EQ(resized.size(), 1u);
     EXPECT_EQ(resized[0].args[0], 320);
-    TTF_Font* probe = GetCachedSdlUiFont(14, true, kSemiBold);
-    ASSERT_NE(probe, nullptr);
     EXPECT_GE(resized[0].args[1], 160);
+    EXPECT_EQ(ztest::CountLiveObjects().windows, 0);
 }
 
 TEST_F(MessageBox, CallOrderFromOpeningToClosing) {
@@ -156,7 +157,6 @@ TEST_F(MessageBox, CallOrderFromOpeningToClosing) {
                                         "SDL_SetWindowInputFocus", "TTF_CloseFont", "TTF_CloseFont",
                                         "TTF_CloseFont", "TTF_CloseFont", "SDL_DestroyRenderer",
                                         "SDL_DestroyWindow"}));
-    auto const calls = ztest::RecordedCalls();
     EXPECT_EQ(ztest::RecordedCalls("SDL_Delay")[0].args[0], 12);
     EXPECT_EQ(ztest::RecordedCalls("SDL_RaiseWindow").back().object, parent);
     auto const created = ztest::RecordedCalls("SDL_CreateWindow");
@@ -251,18 +251,6 @@ TEST_F(MessageBox, LaterQueuedClickWinsAndBothCallbacksRun) {
     EXPECT_EQ(order, (std::vector<int>{7, 8}));
 }
 
-TEST_F(MessageBox, ShowTwiceRunsTheSameBoxAgain) {
-    SdlMessageBox box(TwoButtonConfig(Type::Success));
-    for (int run = 0; run < 2; ++run) {
-        ztest::DialogScript script;
-        script.At(1, [](ztest::DialogScript& s) { s.Key(SDLK_ESCAPE); });
-        EXPECT_EQ(box.Show(nullptr, 1.0f), 7);
-    }
-    EXPECT_EQ(box.config().buttons.size(), 2u);
-    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 2);
-    EXPECT_EQ(ztest::CountLiveObjects().windows, 0);
-}
-
 TEST_F(MessageBox, FailuresReturnMinusOneAndReleaseEverything) {
     SDL_Window* parent = SDL_CreateWindow("host", 0, 0, 64, 64, SDL_WINDOW_HIDDEN);
     struct Case {
@@ -355,14 +343,11 @@ TEST_F(MessageBox, LayoutOfANarrowWindowWithFourButtons) {
     // Scaled measures round first and are then raised to their lower limits.
     SdlMessageBoxLayout const big =
         BuildSdlMessageBoxLayout(config, 1.5f, 900, 400, nullptr, nullptr);
-    EXPECT_EQ(big.margin, 15);
-    EXPECT_EQ(big.footer_height, 78);
-    EXPECT_EQ(big.min_height, 240);
     SdlMessageBoxLayout const small =
         BuildSdlMessageBoxLayout(config, 0.5f, 900, 400, nullptr, nullptr);
-    EXPECT_EQ(small.margin, 6);
-    EXPECT_EQ(small.button_width, 84);
-    EXPECT_EQ(small.min_height, 160);
+    EXPECT_EQ(std::vector<int>({big.margin, big.footer_height, big.min_height, small.margin,
+                                small.button_width, small.min_height}),
+              std::vector<int>({15, 78, 240, 6, 84, 160}));
 }
 
 }  // namespace

@@ -161,10 +161,4 @@ void DialogScript::Leave() const {
     pointer.window = nullptr;
 }
 
-void DialogScript::HoldLeftButton(bool down) const {
-    ScriptedPointer& pointer = Pointer();
-    pointer.active = true;
-    pointer.buttons = down ? SDL_BUTTON_LMASK : 0;
-}
-
 }  // namespace ztest

@@ -56,9 +56,6 @@ public:
     void Hover(int x, int y) const;
     // Takes the pointer out of every window (scripted pointer only).
     void Leave() const;
-    // Holds or lets go of the left button (scripted pointer only; under X use
-    // the real pointer's buttons).
-    void HoldLeftButton(bool down) const;
 
 private:
     void Beat();

@@ -23,10 +23,7 @@ struct RecorderState {
     std::set<void const*> surfaces;
     std::set<void const*> fonts;
     std::vector<SDL_Window*> window_stack;
-    std::vector<Uint32> created_ids;
     std::map<Uint32, Frame> frames;
-    Frame last_frame;
-    int present_count = 0;
 };
 
 RecorderState& State() {
@@ -83,9 +80,7 @@ void CaptureFrame(SDL_Renderer* renderer) {
     }
     auto& s = State();
     std::lock_guard<std::mutex> lock(s.mutex);
-    s.frames[SDL_GetWindowID(window)] = frame;
-    s.last_frame = std::move(frame);
-    ++s.present_count;
+    s.frames[SDL_GetWindowID(window)] = std::move(frame);
 }
 
 }  // namespace
@@ -104,10 +99,7 @@ void ResetRecorder() {
     s.calls.clear();
     s.faults = SdlFaults{};
     s.pointer = ScriptedPointer{};
-    s.created_ids.clear();
     s.frames.clear();
-    s.last_frame = Frame{};
-    s.present_count = 0;
 }
 
 SdlFaults& Faults() {
@@ -164,26 +156,11 @@ SDL_Window* TopWindow() {
     return s.window_stack.empty() ? nullptr : s.window_stack.back();
 }
 
-std::vector<Uint32> CreatedWindowIds() {
-    std::lock_guard<std::mutex> lock(State().mutex);
-    return State().created_ids;
-}
-
 Frame FrameOfWindow(Uint32 window_id) {
     auto& s = State();
     std::lock_guard<std::mutex> lock(s.mutex);
     auto const it = s.frames.find(window_id);
     return it == s.frames.end() ? Frame{} : it->second;
-}
-
-Frame LastPresentedFrame() {
-    std::lock_guard<std::mutex> lock(State().mutex);
-    return State().last_frame;
-}
-
-int PresentCount() {
-    std::lock_guard<std::mutex> lock(State().mutex);
-    return State().present_count;
 }
 
 }  // namespace ztest
@@ -193,6 +170,22 @@ using ztest::Record;
 using ztest::State;
 
 extern "C" {
+
+// Entry points that are only recorded with the window they act on, then forwarded.
+#define ZTEST_RECORD_WINDOW_CALL(ret, name, params, args, window) \
+    ret name params {                                             \
+        ZTEST_REAL(name);                                         \
+        Record(#name, {}, {}, window);                            \
+        return real args;                                         \
+    }
+
+ZTEST_RECORD_WINDOW_CALL(void, SDL_GetWindowPosition, (SDL_Window * window, int* x, int* y),
+                         (window, x, y), window)
+ZTEST_RECORD_WINDOW_CALL(int, SDL_SetWindowModalFor, (SDL_Window * modal, SDL_Window* parent),
+                         (modal, parent), modal)
+ZTEST_RECORD_WINDOW_CALL(void, SDL_RaiseWindow, (SDL_Window * window), (window), window)
+ZTEST_RECORD_WINDOW_CALL(int, SDL_SetWindowInputFocus, (SDL_Window * window), (window), window)
+ZTEST_RECORD_WINDOW_CALL(void, SDL_ShowWindow, (SDL_Window * window), (window), window)
 
 SDL_Window* SDL_CreateWindow(char const* title, int x, int y, int w, int h, Uint32 flags) {
     ZTEST_REAL(SDL_CreateWindow);
@@ -206,7 +199,6 @@ SDL_Window* SDL_CreateWindow(char const* title, int x, int y, int w, int h, Uint
         std::lock_guard<std::mutex> lock(s.mutex);
         s.windows.insert(window);
         s.window_stack.push_back(window);
-        s.created_ids.push_back(SDL_GetWindowID(window));
     }
     return window;
 }
@@ -243,36 +235,6 @@ void SDL_DestroyRenderer(SDL_Renderer* renderer) {
         Record("SDL_DestroyRenderer", {}, {}, renderer);
     }
     real(renderer);
-}
-
-void SDL_GetWindowPosition(SDL_Window* window, int* x, int* y) {
-    ZTEST_REAL(SDL_GetWindowPosition);
-    Record("SDL_GetWindowPosition", {}, {}, window);
-    real(window, x, y);
-}
-
-int SDL_SetWindowModalFor(SDL_Window* modal, SDL_Window* parent) {
-    ZTEST_REAL(SDL_SetWindowModalFor);
-    Record("SDL_SetWindowModalFor", {}, {}, modal);
-    return real(modal, parent);
-}
-
-void SDL_RaiseWindow(SDL_Window* window) {
-    ZTEST_REAL(SDL_RaiseWindow);
-    Record("SDL_RaiseWindow", {}, {}, window);
-    real(window);
-}
-
-int SDL_SetWindowInputFocus(SDL_Window* window) {
-    ZTEST_REAL(SDL_SetWindowInputFocus);
-    Record("SDL_SetWindowInputFocus", {}, {}, window);
-    return real(window);
-}
-
-void SDL_ShowWindow(SDL_Window* window) {
-    ZTEST_REAL(SDL_ShowWindow);
-    Record("SDL_ShowWindow", {}, {}, window);
-    real(window);
 }
 
 void SDL_SetWindowSize(SDL_Window* window, int w, int h) {

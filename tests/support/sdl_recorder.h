@@ -82,13 +82,8 @@ LiveObjects CountLiveObjects();
 
 // The most recently created window that is still open, or null.
 SDL_Window* TopWindow();
-// Every window created since the last reset, in order of creation, by ID.
-std::vector<Uint32> CreatedWindowIds();
 
 // The last frame presented in the window with this ID (kept after it closed).
 Frame FrameOfWindow(Uint32 window_id);
-// The last frame presented in any window.
-Frame LastPresentedFrame();
-int PresentCount();
 
 }  // namespace ztest
