@@ -116,7 +116,7 @@ void RenderSettingsFrame(SettingsDialogSession* session, SettingsFrameInput cons
     SDL_RenderClear(renderer);
     DrawLeftPanel(renderer, session->title_font, session->body_font, *session->nav_items,
                   session->active_panel, input.mouse_x, input.mouse_y);
-    FillSettingsRect(renderer, {225, 0, 595, 436}, kColPanelWindowBg);
+    FillRect(renderer, {225, 0, 595, 436}, kColPanelWindowBg);
     RightPanelHitResult const hit = DrawRightPanel(BuildRightPanelContext(*session, input));
     ApplySettingsHit(&session->values, hit);
     HandleSettingsFontPickerHit(&session->values, session->window, hit);

@@ -29,9 +29,9 @@ double ClampUnit(double value) {
 double DrawSliderTrack(SDL_Renderer* renderer, TTF_Font* font, int x, int y, int width, double t,
                        std::string const& label, int mouse_x, int mouse_y, bool mouse_down) {
     int const filled = static_cast<int>(t * width);
-    FillSettingsRect(renderer, {x, y + 5, width, 6}, kColTrack);
+    FillRect(renderer, {x, y + 5, width, 6}, kColTrack);
     if (filled > 0) {
-        FillSettingsRect(renderer, {x, y + 5, filled, 6}, kColAccentFg);
+        FillRect(renderer, {x, y + 5, filled, 6}, kColAccentFg);
     }
     PlotSettingsRing(renderer, x + filled, y + 8, 8, 0, 64, kColAccentFg);
     int const label_y = font != nullptr ? y + 8 - TTF_FontHeight(font) / 2 : y;
