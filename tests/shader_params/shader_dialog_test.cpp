@@ -1,19 +1,120 @@
-// The shader parameter dialog run for real: the wheel, slider and scrollbar drags,
-// resizing, the ways to apply and to leave, what a frame shows, and the boxes shown
-// instead of a window.
+// The shader parameter dialog: its window-free numbers (snapping, starting values, the
+// pointer's value and row, window sizes, scrollbar and buttons), and the dialog run for
+// real: the wheel, slider and scrollbar drags, resizing, the ways to apply and to leave,
+// what a frame shows, and the boxes shown instead of a window.
 #include "gui/shader_params.h"
-
+#include "shader_params/shader_dialog_model.h"
+#include "support/dialog_checks.h"
 #include "support/dialog_script.h"
 #include "support/temp_dir.h"
 #include "support/test_display.h"
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 namespace {
 
 using namespace zorvane::frontend::gui;
 using Script = ztest::DialogScript;
 using Values = std::vector<ShaderParameterValue>;
+using ztest::HasColor;
+
+ShaderParameterSpec Spec(float min_value, float max_value, float step, char const* name = "P") {
+    return {name, "Label", 0.0f, min_value, max_value, step};
+}
+
+// The layout of `count` rows in a window of width x height scrolled by `scroll`.
+ShaderDialogLayout LayoutOf(int count, int width, int height, int scroll = 0) {
+    ShaderDialogGeometry const g = BuildShaderDialogGeometry(count, 1.0f);
+    std::vector<ShaderParameterSpec> const specs(count, Spec(0, 1, 0));
+    ShaderDialogSession session;
+    session.specs = &specs;
+    session.geometry = &g;
+    session.scroll_y = scroll;
+    return BuildShaderDialogLayout(session, width, height);
+}
+
+TEST(ShaderDialogModel, SnapCountsTheGridFromTheMinimum) {
+    struct {
+        ShaderParameterSpec spec;
+        float in, want;
+    } const cases[] = {
+        // clang-format off
+        {Spec(0, 1, 0.25f), 0.3f, 0.25f}, {Spec(0, 1, 0.25f), 0.375f, 0.5f}, {Spec(0, 1, 0.25f), 2.0f, 1.0f},
+        {Spec(0, 1, 0.25f), -1.0f, 0.0f}, {Spec(-1, 1, 0.5f), 0.2f, 0.0f}, {Spec(0, 1, 0.4f), 1.0f, 1.0f},
+        {Spec(0, 1, 0.3f), 1.0f, 0.3f * 3.0f}, {Spec(0, 1, 0.0f), 0.123f, 0.123f}, {Spec(0, 1, 0.0f), 7.0f, 1.0f},
+        {Spec(1, 3, 0.5f), 1.25f, 1.5f},
+        // clang-format on
+    };
+    for (auto const& c : cases) {
+        EXPECT_EQ(SnapToStep(c.spec, c.in), c.want) << c.in << " step " << c.spec.step;
+    }
+    // Starting values: the first override of each name, clamped and snapped.
+    std::vector<ShaderParameterSpec> specs = {Spec(0, 1, 0, "A"), Spec(0, 1, 0.25f, "B"),
+                                              Spec(0, 10, 1, "C"), Spec(0, 1, 0, "A")};
+    specs[2].default_value = 12.0f;
+    auto const result = InitializeShaderDialogResult(
+        specs, {{"Z", 0.5f}, {"A", 5.0f}, {"B", 0.3f}, {"A", 0.1f}, {"a", 0.2f}});
+    EXPECT_FALSE(result.accepted);
+    ASSERT_EQ(result.values.size(), 4u);
+    float const want[] = {1.0f, 0.25f, 10.0f, 1.0f};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(result.values[i].name, specs[i].name);
+        EXPECT_EQ(result.values[i].value, want[i]) << i;
+    }
+    EXPECT_TRUE(InitializeShaderDialogResult({}, {{"A", 1.0f}}).values.empty());
+}
+
+TEST(ShaderDialogModel, PointerXMapsOntoTheSliderAndYOntoRows) {
+    ShaderDialogGeometry const g = BuildShaderDialogGeometry(3, 1.0f);
+    int const xs[] = {-5000, 260, 360, 535, 99999};
+    float const want[] = {0.0f, 0.0f, 0.25f, 1.0f, 1.0f};  // 360: 0.36 snaps down
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(ShaderDialogValueFromMouse(Spec(0, 1, 0.25f), g, xs[i]), want[i]) << xs[i];
+    }
+    EXPECT_EQ(ShaderDialogValueFromMouse(Spec(-2, 2, 0), g, 315), -2.0f + 4.0f * 0.2f);
+    EXPECT_EQ(ShaderDialogValueFromMouse(Spec(3, 3, 0.1f), g, 400), 3.0f);
+    // y, scroll, the row there
+    int const rows[][3] = {
+        {19, 0, -1}, {20, 0, 0},  {99, 0, 0},   {100, 0, 1},   {259, 0, 2},           {260, 0, -1},
+        {20, 30, 0}, {70, 30, 1}, {-10, 30, 0}, {-11, 30, -1}, {INT_MAX, INT_MAX, -1}};
+    for (auto const& r : rows) {
+        EXPECT_EQ(FindShaderDialogParamAtY(g, r[0], r[1], 3), r[2]) << r[0] << " at " << r[1];
+    }
+}
+
+TEST(ShaderDialogModel, WindowHeightScrollbarAndButtonsFollowTheListAndWindow) {
+    // count, opening height, list height, max scroll, thumb height (0: thumb = track)
+    int const cases[][5] = {{0, 280, 192, 0, 0},       {2, 280, 192, 0, 0},
+                            {3, 330, 242, 18, 225},    {4, 410, 322, 18, 304},
+                            {5, 490, 402, 18, 384},    {6, 500, 412, 88, 339},
+                            {20, 500, 412, 1208, 104}, {1000, 500, 412, 79608, 20}};
+    for (auto const& c : cases) {
+        SCOPED_TRACE(testing::Message() << c[0] << " parameters");
+        ASSERT_EQ(BuildShaderDialogGeometry(c[0], 3.0f).window_height, c[1]);  // scale unused
+        ShaderDialogLayout const top = LayoutOf(c[0], 900, c[1]);
+        EXPECT_EQ(top.list_height, c[2]);
+        EXPECT_EQ(top.max_scroll, c[3]);
+        SDL_Rect const track{882, 36, 14, c[2]}, thumb{882, 36, 14, c[4] == 0 ? c[2] : c[4]};
+        EXPECT_TRUE(SDL_RectEquals(&top.scrollbar_track, &track));
+        EXPECT_EQ(top.scrollbar_thumb.y, thumb.y);
+        EXPECT_EQ(top.scrollbar_thumb.h, thumb.h);
+        EXPECT_EQ(LayoutOf(c[0], 900, c[1], c[3]).scrollbar_thumb.y, 36 + c[2] - thumb.h);
+    }
+    ShaderDialogLayout const layout = LayoutOf(6, 900, 500, 44);
+    SDL_Rect const cancel{708, 461, 78, 26}, apply{802, 461, 78, 26};
+    EXPECT_TRUE(SDL_RectEquals(&layout.cancel_button, &cancel));
+    EXPECT_TRUE(SDL_RectEquals(&layout.apply_button, &apply));
+    EXPECT_EQ(layout.scrollbar_thumb.y, 36 + 36);  // 44 / 88 of 73, truncated
+    for (int height : {88, 0, -50}) {
+        ShaderDialogLayout const tiny = LayoutOf(6, 10, height, 44);
+        EXPECT_EQ(tiny.list_height, 1);
+        EXPECT_EQ(tiny.max_scroll, 499);
+        EXPECT_EQ(tiny.scrollbar_thumb.h, 20);
+    }
+    EXPECT_EQ(BuildShaderDialogGeometry(INT_MAX, 1.0f).window_height, 500);
+}
 
 // Six rows open a 900 x 500 window with 88 pixels to scroll. Row r's top lies at
 // 20 + 80 r - scroll, its slider bar at (260, top + 34, 275, 13).
@@ -31,32 +132,32 @@ constexpr SDL_Color kClear{18, 20, 26, 255}, kHeader{26, 28, 36, 255}, kCard{32,
     kThumb{72, 80, 94, 255}, kThumbLine{96, 108, 128, 255}, kFooter{26, 30, 38, 255},
     kFooterLine{60, 66, 78, 255}, kButton{48, 52, 60, 255}, kButtonLine{84, 92, 104, 255};
 
-struct Probe {
-    int x;
-    int y;
-    SDL_Color color;
-};
-
-void ExpectProbes(ztest::Frame const& frame, std::vector<Probe> const& probes) {
-    for (Probe const& p : probes) {
-        SDL_Color const got = frame.At(p.x, p.y);
-        EXPECT_TRUE(got.r == p.color.r && got.g == p.color.g && got.b == p.color.b)
-            << "at " << p.x << "," << p.y << ": got " << int(got.r) << "," << int(got.g) << ","
-            << int(got.b);
+void ExpectColors(ztest::Frame const& f,
+                  std::vector<std::tuple<int, int, SDL_Color>> const& probes) {
+    for (auto const& [x, y, color] : probes) {
+        EXPECT_TRUE(HasColor(f, x, y, color));
     }
 }
 
 // Whether anything but `background` was drawn inside the rectangle, as text would be.
-bool HasInk(ztest::Frame const& frame, SDL_Rect const& area, SDL_Color background) {
-    for (int y = area.y; y < area.y + area.h; ++y) {
-        for (int x = area.x; x < area.x + area.w; ++x) {
-            SDL_Color const c = frame.At(x, y);
-            if (c.r != background.r || c.g != background.g || c.b != background.b) {
-                return true;
-            }
+bool HasInk(ztest::Frame const& f, SDL_Rect const& r, SDL_Color background) {
+    for (int i = 0; i < r.w * r.h; ++i) {
+        if (!HasColor(f, r.x + i % r.w, r.y + i / r.w, background)) {
+            return true;
         }
     }
     return false;
+}
+
+// The step of a wheel turn with the pointer at (x, y), and of a resize to 900 x height.
+Script::Step WheelAt(int x, int y, int notches) {
+    return [=](Script& s) { s.Hover(x, y), s.Wheel(notches); };
+}
+Script::Step Resize(int height) {
+    return [=](Script& s) {
+        SDL_SetWindowSize(s.Window(), 900, height);
+        s.WindowEvent(SDL_WINDOWEVENT_RESIZED, 900, height);
+    };
 }
 
 class ShaderDialog : public ztest::DialogTest {
@@ -66,13 +167,11 @@ protected:
         ztest::Faults().skip_delays = true;
         shader_ = dir_.Write("six.glsl", kSixParameters).string();
     }
-
     // Runs the dialog on the six rows with the script's steps one frame apart.
     ShaderDialogResult Run(std::vector<Script::Step> const& steps, Values const& overrides = {}) {
         Script script;
-        script.At(2, steps[0]);
-        for (std::size_t i = 1; i < steps.size(); ++i) {
-            script.Then(steps[i]);
+        for (std::size_t i = 0; i < steps.size(); ++i) {
+            script.At(2 + static_cast<int>(i), steps[i]);
         }
         ShaderDialogResult result = ShowShaderParameterDialog(
             nullptr, shader_, 1.0f, [this](Values const& values) { applied_.push_back(values); },
@@ -80,70 +179,23 @@ protected:
         EXPECT_FALSE(script.timed_out());
         return result;
     }
-
     ztest::TempDir dir_;
     std::string shader_;
     std::vector<Values> applied_;
 };
 
-TEST_F(ShaderDialog, FrameShowsHeaderCardsSlidersScrollbarAndFooter) {
-    ztest::Frame f;
-    Run({[&](Script& s) {
-        f = s.Capture();
-        s.Key(SDLK_ESCAPE);
-    }});
-    ASSERT_EQ(f.width, 900);
-    ASSERT_EQ(f.height, 500);
-    auto const created = ztest::RecordedCalls("SDL_CreateWindow");
-    ASSERT_EQ(created.size(), 1u);
-    EXPECT_EQ(created[0].text, "Shader Parameters");
-    EXPECT_EQ(created[0].args.back(), SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
-    // The header over row 0's clipped card; row 1 (Beta at 0.5): card (12, 100, 858, 74),
-    // bar filled to 138 with the knob from 392; row 2 (Gamma, 2 of 10) filled to 55; the
-    // track (882, 36, 14, 412) with a thumb 339 high; the footer from 448 with Cancel
-    // at (708, 461) and Apply at (802, 461).
-    ExpectProbes(f, {{880, 10, kHeader},      {100, 30, kHeader},     {100, 96, kClear},
-                     {875, 120, kClear},      {12, 120, kCardLine},   {869, 120, kCardLine},
-                     {200, 173, kCardLine},   {200, 160, kCard},      {270, 140, kFilled},
-                     {391, 140, kFilled},     {392, 131, kKnob},      {403, 150, kKnob},
-                     {404, 140, kBar},        {534, 140, kBarLine},   {450, 134, kBarLine},
-                     {300, 220, kFilled},     {320, 220, kKnob},      {321, 220, kBar},
-                     {882, 100, kThumbLine},  {888, 100, kThumb},     {888, 374, kThumbLine},
-                     {888, 400, kTrack},      {10, 448, kFooterLine}, {10, 480, kFooter},
-                     {708, 470, kButtonLine}, {711, 484, kButton},    {879, 486, kButtonLine},
-                     {805, 484, kButton}});
-    EXPECT_TRUE(HasInk(f, {12, 4, 120, 14}, kHeader));
-    EXPECT_TRUE(HasInk(f, {14, 105, 60, 16}, kCard));    // label
-    EXPECT_TRUE(HasInk(f, {545, 104, 60, 14}, kCard));   // value
-    EXPECT_TRUE(HasInk(f, {545, 119, 200, 14}, kCard));  // range
-    EXPECT_FALSE(HasInk(f, {545, 145, 300, 25}, kCard));
-    EXPECT_TRUE(HasInk(f, {718, 467, 50, 16}, kButton));
-}
-
-TEST_F(ShaderDialog, WheelScrollsAndStepsTheRowUnderThePointer) {
-    auto wheel_at = [](int x, int y, int notches) {
-        return [=](Script& s) {
-            s.Hover(x, y);
-            s.Wheel(notches);
-        };
-    };
-    ztest::Frame scrolled;
+TEST_F(ShaderDialog, FrameAndWheelThatScrollsAndStepsTheRowUnderThePointer) {
+    ztest::Frame f, scrolled;
     ShaderDialogResult const result = Run({
-        wheel_at(300, 140, 1),   // nothing to scroll; B (step 0) up 2 % of its range
-        wheel_at(300, 140, -1),  // scroll 40; now over row 2, C down one step
-        wheel_at(300, 140, 3),   // scroll 0; B up again, one step for three notches
-        wheel_at(300, 30, -1),   // header: nothing
-        wheel_at(300, 460, -1),  // footer: nothing
-        [](Script& s) {
-            s.Leave();  // the pointer over another window: nothing
-            s.Wheel(-1);
-        },
-        wheel_at(300, 430, -5),  // scroll 88; no row under the pointer
-        [&](Script& s) {
-            scrolled = s.Capture();
-            s.Key(SDLK_RETURN);
-        },
-        wheel_at(300, 430, 1),  // scroll 48; row 5, F up one step
+        [&](Script& s) { f = s.Capture(), WheelAt(300, 140, 1)(s); },  // B (step 0) up 2 %
+        WheelAt(300, 140, -1),  // scroll 40; now over row 2, C down one step
+        WheelAt(300, 140, 3),   // scroll 0; B up again, one step for three notches
+        WheelAt(300, 30, -1),   // header: nothing
+        WheelAt(300, 460, -1),  // footer: nothing
+        [](Script& s) { s.Leave(), s.Wheel(-1); },  // the pointer over another window: nothing
+        WheelAt(300, 430, -5),                      // scroll 88; no row under the pointer
+        [&](Script& s) { scrolled = s.Capture(), s.Key(SDLK_RETURN); },
+        WheelAt(300, 430, 1),  // scroll 48; row 5, F up one step
         [](Script& s) { s.Key(SDLK_ESCAPE); },
     });
     EXPECT_FALSE(result.accepted);
@@ -154,9 +206,35 @@ TEST_F(ShaderDialog, WheelScrollsAndStepsTheRowUnderThePointer) {
         EXPECT_FLOAT_EQ(result.values[i].value, i == 5 ? 4.0f : at_apply[i]);
     }
     // At the end of the list the thumb starts at 36 + 73 and row 5's card ends at 405.
-    ExpectProbes(
+    ExpectColors(
         scrolled,
         {{888, 100, kTrack}, {888, 120, kThumb}, {200, 405, kCardLine}, {200, 420, kClear}});
+
+    // The first frame, 900 x 500: the header over row 0's clipped card; row 1 (Beta at 0.5):
+    // card (12, 100, 858, 74), bar filled to 138 with the knob from 392; row 2 (Gamma, 2 of
+    // 10) filled to 55; the track (882, 36, 14, 412) with a thumb 339 high; the footer from
+    // 448 with Cancel at (708, 461) and Apply at (802, 461).
+    ASSERT_EQ(f.width, 900);
+    ASSERT_EQ(f.height, 500);
+    auto const created = ztest::RecordedCalls("SDL_CreateWindow");
+    ASSERT_EQ(created.size(), 1u);
+    EXPECT_EQ(created[0].text, "Shader Parameters");
+    EXPECT_EQ(created[0].args.back(), SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+    // clang-format off
+    ExpectColors(f, {{880, 10, kHeader}, {100, 30, kHeader}, {100, 96, kClear}, {875, 120, kClear},
+                     {12, 120, kCardLine}, {869, 120, kCardLine}, {200, 173, kCardLine}, {200, 160, kCard},
+                     {270, 140, kFilled}, {391, 140, kFilled}, {392, 131, kKnob}, {403, 150, kKnob},
+                     {404, 140, kBar}, {534, 140, kBarLine}, {450, 134, kBarLine}, {300, 220, kFilled},
+                     {320, 220, kKnob}, {321, 220, kBar}, {882, 100, kThumbLine}, {888, 100, kThumb},
+                     {888, 374, kThumbLine}, {888, 400, kTrack}, {10, 448, kFooterLine}, {10, 480, kFooter},
+                     {708, 470, kButtonLine}, {711, 484, kButton}, {879, 486, kButtonLine}, {805, 484, kButton}});
+    // clang-format on
+    EXPECT_TRUE(HasInk(f, {12, 4, 120, 14}, kHeader));
+    EXPECT_TRUE(HasInk(f, {14, 105, 60, 16}, kCard));    // label
+    EXPECT_TRUE(HasInk(f, {545, 104, 60, 14}, kCard));   // value
+    EXPECT_TRUE(HasInk(f, {545, 119, 200, 14}, kCard));  // range
+    EXPECT_FALSE(HasInk(f, {545, 145, 300, 25}, kCard));
+    EXPECT_TRUE(HasInk(f, {718, 467, 50, 16}, kButton));
 }
 
 TEST_F(ShaderDialog, SliderDragFollowsThePointerOutOfItsRowUntilRelease) {
@@ -187,57 +265,36 @@ TEST_F(ShaderDialog, SliderDragFollowsThePointerOutOfItsRowUntilRelease) {
 }
 
 TEST_F(ShaderDialog, ThumbDragAndResizeMoveTheList) {
-    auto resize = [](int height) {
-        return [height](Script& s) {
-            SDL_SetWindowSize(s.Window(), 900, height);
-            s.WindowEvent(SDL_WINDOWEVENT_RESIZED, 900, height);
-        };
-    };
-    ztest::Frame dragged;
-    ztest::Frame shorter_range;
-    ztest::Frame fits;
-    Run({[](Script& s) {
-             s.Press(889, 300);   // on the track below the thumb: no jump
-             s.Motion(889, 336);  // 36 / 73 of 88 pixels
-         },
+    ztest::Frame dragged, shorter, fits;
+    Run({[](Script& s) { s.Press(889, 300), s.Motion(889, 336); },  // no jump; 36 / 73 of 88
          [&](Script& s) {
              dragged = s.Capture();
-             s.Motion(889, 2000);
-             s.Motion(889, -500);
-             s.Motion(889, 336);
-             s.Release(889, 336);
-             s.Motion(889, 420);
+             s.Motion(889, 2000), s.Motion(889, -500), s.Motion(889, 336);
+             s.Release(889, 336), s.Motion(889, 420);
          },
-         resize(560),  // 28 pixels left to scroll
-         [&](Script& s) {
-             shorter_range = s.Capture();
-             resize(700)(s);
-         },
-         [&](Script& s) {
-             fits = s.Capture();
-             s.CloseWindow();
-         }});
+         Resize(560),  // 28 pixels left to scroll
+         [&](Script& s) { shorter = s.Capture(), Resize(700)(s); },
+         [&](Script& s) { fits = s.Capture(), s.CloseWindow(); }});
     // Scrolled by 43: row 1's card from 57, the thumb from 36 + 35.
-    ExpectProbes(dragged, {{200, 57, kCardLine}, {888, 70, kTrack}, {888, 71, kThumbLine}});
-    ASSERT_EQ(shorter_range.height, 560);
-    ExpectProbes(
-        shorter_range,
+    ExpectColors(dragged, {{200, 57, kCardLine}, {888, 70, kTrack}, {888, 71, kThumbLine}});
+    ASSERT_EQ(shorter.height, 560);
+    ExpectColors(
+        shorter,
         {{200, 72, kCardLine}, {888, 62, kTrack}, {888, 63, kThumbLine}, {10, 508, kFooterLine}});
     ASSERT_EQ(fits.height, 700);
-    ExpectProbes(fits, {{200, 100, kCardLine}, {888, 300, kClear}});
+    ExpectColors(fits, {{200, 100, kCardLine}, {888, 300, kClear}});
 }
 
 TEST_F(ShaderDialog, ApplyAndLeaveGesturesAndTheirResults) {
     auto set_b = [](int x) { return [x](Script& s) { s.Click(x, 140); }; };
     auto key = [](SDL_Keycode sym) { return [sym](Script& s) { s.Key(sym); }; };
-    Script::Step const apply = [](Script& s) {
-        s.Press(100, 470);  // the buttons answer the release alone
-        s.Release(840, 474);
+    Script::Step const apply = [](Script& s) {  // the buttons answer the release alone
+        s.Press(100, 470), s.Release(840, 474);
     };
     Script::Step const cancel = [](Script& s) { s.Click(710, 470); };
     Script::Step const close = [](Script& s) { s.CloseWindow(); };
     Script::Step const quit = [](Script& s) { s.Quit(); };
-    Script::Step const foreign_close = [](Script& s) {
+    Script::Step const other_close = [](Script& s) {
         SDL_Event event{};
         event.type = SDL_WINDOWEVENT;
         event.window.windowID = s.WindowId() + 1000;
@@ -245,7 +302,8 @@ TEST_F(ShaderDialog, ApplyAndLeaveGesturesAndTheirResults) {
         ztest::PushEvent(event);
     };
     float const high = 274.0f / 275.0f;
-    struct Case {
+    // Steps, accepted, B at each Apply, B at the end.
+    struct {
         std::vector<Script::Step> steps;
         bool accepted;
         std::vector<float> b_at_applies;
@@ -255,59 +313,59 @@ TEST_F(ShaderDialog, ApplyAndLeaveGesturesAndTheirResults) {
         {{key(SDLK_RETURN), set_b(260), key(SDLK_RETURN), quit}, true, {0.5f, 0.0f}, 0.0f},
         {{key(SDLK_KP_ENTER), set_b(534), key(SDLK_ESCAPE)}, false, {0.5f}, high},
         {{apply, cancel}, false, {0.5f}, 0.5f},
-        {{foreign_close, set_b(260), key(SDLK_SPACE), quit}, false, {}, 0.0f},
+        {{other_close, set_b(260), key(SDLK_SPACE), quit}, false, {}, 0.0f},
     };
-    for (std::size_t c = 0; c < std::size(cases); ++c) {
-        SCOPED_TRACE("case " + std::to_string(c));
+    for (auto const& c : cases) {
         applied_.clear();
-        ShaderDialogResult const result = Run(cases[c].steps);
-        EXPECT_EQ(result.accepted, cases[c].accepted);
-        ASSERT_EQ(applied_.size(), cases[c].b_at_applies.size());
+        ShaderDialogResult const result = Run(c.steps);
+        EXPECT_EQ(result.accepted, c.accepted);
+        ASSERT_EQ(applied_.size(), c.b_at_applies.size());
         for (std::size_t i = 0; i < applied_.size(); ++i) {
-            EXPECT_FLOAT_EQ(applied_[i].at(1).value, cases[c].b_at_applies[i]);
+            EXPECT_FLOAT_EQ(applied_[i].at(1).value, c.b_at_applies[i]);
         }
-        EXPECT_FLOAT_EQ(result.values.at(1).value, cases[c].b_at_end);
+        EXPECT_FLOAT_EQ(result.values.at(1).value, c.b_at_end);
     }
 }
 
 TEST_F(ShaderDialog, BoxesInsteadOfAWindow) {
     std::string const plain = dir_.Write("plain", "void main() {}\n").string();
-    for (std::string const& path :
-         {plain, std::string(), (dir_.path() / "absent.glslp").string()}) {
-        ztest::ResetRecorder();
-        ShaderDialogResult const r =
-            ShowShaderParameterDialog(nullptr, path, 1, nullptr, {{"A", 1}});
-        EXPECT_FALSE(r.accepted);
-        EXPECT_TRUE(r.values.empty());
-        auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
-        ASSERT_EQ(boxes.size(), 1u) << path;
-        EXPECT_EQ(boxes[0].args[0], SDL_MESSAGEBOX_INFORMATION);
-        EXPECT_EQ(boxes[0].text,
-                  "Shader Parameters\nNo #pragma parameter lines were found in the "
-                  "selected shader file.");
-        EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 0);
-    }
     SDL_Window* parent = SDL_CreateWindow("host", 100, 100, 640, 400, SDL_WINDOW_HIDDEN);
-    ztest::ResetRecorder();
-    ztest::Faults().allow_font_path = [](std::string const&) { return false; };
-    ShaderDialogResult const no_font =
-        ShowShaderParameterDialog(parent, shader_, 1, nullptr, {{"C", 7}});
-    EXPECT_FALSE(no_font.accepted);
-    EXPECT_EQ(no_font.values.at(2).value, 7.0f);
-    auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
-    ASSERT_EQ(boxes.size(), 1u);
-    EXPECT_EQ(boxes[0].args[0], SDL_MESSAGEBOX_ERROR);
-    EXPECT_EQ(boxes[0].text, "Shader Parameters\nUnable to load a font via SDL_ttf.");
-    EXPECT_EQ(boxes[0].object, parent);
-    EXPECT_EQ(ztest::CountCalls("SDL_ShowWindow") + ztest::CountCalls("SDL_RaiseWindow"), 0);
-    EXPECT_EQ(ztest::CountLiveObjects().windows, 1);
-
-    ztest::ResetRecorder();
-    ztest::Faults().fail_window_creation = true;
-    ShaderDialogResult const no_window =
-        ShowShaderParameterDialog(parent, shader_, 1, nullptr, {{"C", 7}});
-    EXPECT_EQ(no_window.values.at(2).value, 7.0f);
-    EXPECT_EQ(ztest::CountCalls("SDL_ShowSimpleMessageBox"), 0);
+    // No parameters (a plain file, no path, an absent preset), then no font, then no window.
+    struct {
+        std::string path;
+        bool no_font, no_window;
+        long long flags;
+        char const* text;
+    } const cases[] = {
+        {plain, false, false, SDL_MESSAGEBOX_INFORMATION,
+         "No #pragma parameter lines were found in the selected shader file."},
+        {"", false, false, SDL_MESSAGEBOX_INFORMATION,
+         "No #pragma parameter lines were found in the selected shader file."},
+        {(dir_.path() / "absent.glslp").string(), false, false, SDL_MESSAGEBOX_INFORMATION,
+         "No #pragma parameter lines were found in the selected shader file."},
+        {shader_, true, false, SDL_MESSAGEBOX_ERROR, "Unable to load a font via SDL_ttf."},
+        {shader_, false, true, 0, nullptr},
+    };
+    for (auto const& c : cases) {
+        ztest::ResetRecorder();
+        ztest::Faults().allow_font_path = [no = c.no_font](std::string const&) { return !no; };
+        ztest::Faults().fail_window_creation = c.no_window;
+        ShaderDialogResult const r =
+            ShowShaderParameterDialog(parent, c.path, 1, nullptr, {{"C", 7}});
+        EXPECT_FALSE(r.accepted);
+        EXPECT_EQ(r.values.empty() ? -1.0f : r.values.at(2).value,
+                  c.path == shader_ ? 7.0f : -1.0f);
+        auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
+        ASSERT_EQ(boxes.size(), c.text ? 1u : 0u) << c.path;
+        if (c.text) {
+            EXPECT_EQ(boxes[0].args[0], c.flags);
+            EXPECT_EQ(boxes[0].text, std::string("Shader Parameters\n") + c.text);
+            EXPECT_EQ(boxes[0].object, parent);
+        }
+        EXPECT_EQ(ztest::CountCalls("SDL_ShowWindow") + ztest::CountCalls("SDL_RaiseWindow"), 0);
+        EXPECT_TRUE(c.path == shader_ || ztest::CountCalls("SDL_CreateWindow") == 0);
+        EXPECT_EQ(ztest::CountLiveObjects().windows, 1);
+    }
     SDL_DestroyWindow(parent);
 }
 

@@ -1,6 +1,7 @@
-// The two shader parameter parsers: declaration lines and preset value lines as
+// The two shader parameter parsers and the OpenGL stand-in's preset reader: lines as
 // people write them, and whole files, presets and unreadable paths.
 #include "gui/shader_params.h"
+#include "zorvane/opengl.h"
 
 #include "shader_params/shader_param_parsers.h"
 #include "support/temp_dir.h"
@@ -9,9 +10,6 @@
 
 #include <cstdlib>
 #include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace {
 
@@ -42,7 +40,6 @@ std::string Describe(std::vector<ShaderParameterValue> const& values) {
 
 TEST(ShaderParameterSpecs, DeclarationLinesAsWritten) {
     std::pair<char const*, char const*> const cases[] = {
-        {"#pragma parameter GAMMA \"Gamma\" 2.2 1.0 3.0 0.05", "GAMMA [Gamma] 2.2 1 3 0.05;"},
         {" \t #pragma parameter GAMMA \"Gamma\" 2.2 1.0 3.0 0.05\r", "GAMMA [Gamma] 2.2 1 3 0.05;"},
         {"#pragma parameter\tG\t\"G\"\t2\t1\t3\t0.5\t// wider near 2", "G [G] 2 1 3 0.5;"},
         {"#pragma parameter GAMMA \"Gamma\" 2.2 1.0 3.0", ""},
@@ -92,22 +89,6 @@ TEST(ShaderParameterSpecs, ShaderFileAndItsPreset) {
     }
 }
 
-TEST(ShaderParameterSpecs, UnreadablePathsGiveNothing) {
-    ztest::TempDir dir;
-    dir.Write("upper/SHOUT.GLSLP", "shader0 = ../real.glsl\n");
-    dir.Write("real.glsl", "#pragma parameter A \"B\" 0 0 1 0.1\n");
-    dir.Write("preset_as_shader.glslp", "#pragma parameter A \"B\" 0 0 1 0.1\n");
-    EXPECT_EQ(ParseShaderParameterSpecs((dir.path() / "upper/SHOUT.GLSLP").string()).size(), 1u);
-    EXPECT_EQ(ParseShaderParameterSpecs((dir.path() / "real.glsl").string()).size(), 1u);
-    EXPECT_TRUE(ParseShaderParameterSpecs("").empty());
-    EXPECT_TRUE(ParseShaderParameterSpecs(dir.path().string()).empty());
-    EXPECT_TRUE(ParseShaderParameterSpecs((dir.path() / "absent.glsl").string()).empty());
-    EXPECT_TRUE(ParseShaderParameterSpecs(DataPath("missing_pass.glslp")).empty());
-    // A preset is never read as a shader itself, even when it declares parameters.
-    EXPECT_TRUE(
-        ParseShaderParameterSpecs((dir.path() / "preset_as_shader.glslp").string()).empty());
-}
-
 TEST(GlslpParameterOverrides, PresetTextsAsWritten) {
     std::pair<char const*, char const*> const cases[] = {
         {"parameters = \"A;B\"\nA = 0.5\nB = \"1.5\"\nC = 2.0\n", "A=0.5;B=1.5;"},
@@ -132,23 +113,60 @@ TEST(GlslpParameterOverrides, PresetTextsAsWritten) {
     }
 }
 
-TEST(GlslpParameterOverrides, PresetFilesAndPathResolution) {
+TEST(ShaderParameterFiles, PresetsPathsAndUnreadableFiles) {
     EXPECT_EQ(Describe(ParseGlslpParameterOverrides(DataPath("crt_soft.glslp"))),
               "CURVATURE=0.12;SCANLINE_WEIGHT=8.5;MASK_DARK=0.35;CURVATURE=0.2;");
-    ztest::TempDir dir;
-    std::string const upper =
-        dir.Write("X.GLSLP", "shader0 = x.glsl\nparameters = A\nA = 1\n").string();
-    std::string const plain = dir.Write("x.glsl", "parameters = A\nA = 1\n").string();
-    EXPECT_EQ(Describe(ParseGlslpParameterOverrides(upper)), "A=1;");
-    EXPECT_TRUE(ParseGlslpParameterOverrides(plain).empty());
-    EXPECT_TRUE(ParseGlslpParameterOverrides((dir.path() / "absent.glslp").string()).empty());
-    EXPECT_TRUE(ParseGlslpParameterOverrides("").empty());
-
-    EXPECT_EQ(ResolveShaderGlslPath(upper), (dir.path() / "x.glsl").string());
     EXPECT_EQ(ResolveShaderGlslPath(DataPath("crt_soft.glslp")), DataPath("crt_soft.glsl"));
+    ztest::TempDir dir;
+    auto const at = [&](char const* name) { return (dir.path() / name).string(); };
+    char const* const param = "#pragma parameter A \"B\" 0 0 1 0.1\n";
+    std::string const upper = dir.Write("X.GLSLP", "shader0 = x.glsl\nparameters = A\nA = 1\n");
+    dir.Write("x.glsl", std::string("parameters = A\nA = 1\n") + param);
+    dir.Write("preset_as_shader.glslp", param);  // a preset is never read as a shader
+    EXPECT_EQ(Describe(ParseGlslpParameterOverrides(upper)), "A=1;");
+    EXPECT_EQ(Describe(ParseShaderParameterSpecs(upper)), "A [B] 0 0 1 0.1;");
+    EXPECT_EQ(Describe(ParseShaderParameterSpecs(at("x.glsl"))), "A [B] 0 0 1 0.1;");
+    EXPECT_EQ(ResolveShaderGlslPath(upper), at("x.glsl"));
     EXPECT_EQ(ResolveShaderGlslPath("no/such/dir/shader.glsl"), "no/such/dir/shader.glsl");
-    EXPECT_EQ(ResolveShaderGlslPath((dir.path() / "absent.glslp").string()), "");
-    EXPECT_EQ(ResolveShaderGlslPath(""), "");
+    for (std::string const& path : {at("x.glsl"), at("absent.glslp"), std::string()}) {
+        EXPECT_TRUE(ParseGlslpParameterOverrides(path).empty()) << path;
+    }
+    for (std::string const& path : {at("absent.glslp"), std::string()}) {
+        EXPECT_EQ(ResolveShaderGlslPath(path), "") << path;
+    }
+    for (std::string const& path : {std::string(), dir.path().string(), at("absent.glsl"),
+                                    DataPath("missing_pass.glslp"), at("preset_as_shader.glslp")}) {
+        EXPECT_TRUE(ParseShaderParameterSpecs(path).empty()) << path;
+    }
+}
+
+TEST(GlslpFirstPass, PresetsAsWritten) {
+    ztest::TempDir dir;
+    std::string const absolute = (dir.path() / "elsewhere" / "crt.glsl").string();
+    // Preset text, and the first pass's path relative to the temporary folder ("" for none).
+    std::pair<std::string, std::string> const cases[] = {
+        {"shaders = 1\nshader0 = crt.glsl\n", "presets/crt.glsl"},
+        {"shaders = \"2\"\r\n  shader0   =  \"sub dir/crt.glsl\" \r\nshader1 = b.glsl\r\n",
+         "presets/sub dir/crt.glsl"},
+        {"shader0=../shaders/crt.glsl", "presets/../shaders/crt.glsl"},
+        {"# shader0 = wrong.glsl\nshader0 = a.glsl\nshader0 = b.glsl\n", "presets/a.glsl"},
+        {"shader0 = " + absolute, "elsewhere/crt.glsl"},
+        {"shaders = 1\nshader1 = crt.glsl\n", ""},
+        {"shaders = 1\nshader0 = \"\"\n", ""},
+        {"shader0 =   \n", ""},
+        {"shaders = 0\nshader0 = crt.glsl\n", ""},
+        {"", ""},
+    };
+    for (auto const& [text, want] : cases) {
+        std::string const preset = dir.Write("presets/p.glslp", text).string();
+        EXPECT_EQ(zorvane::opengl::ResolveGlslpFirstPass(preset),
+                  want.empty() ? "" : (dir.path() / want).string())
+            << text;
+    }
+    for (std::string const& path :
+         {(dir.path() / "absent.glslp").string(), dir.path().string(), std::string()}) {
+        EXPECT_EQ(zorvane::opengl::ResolveGlslpFirstPass(path), "") << path;
+    }
 }
 
 }  // namespace
