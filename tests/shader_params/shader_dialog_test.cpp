@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 
 namespace {
 
@@ -237,44 +238,36 @@ TEST_F(ShaderDialog, FrameAndWheelThatScrollsAndStepsTheRowUnderThePointer) {
     EXPECT_TRUE(HasInk(f, {718, 467, 50, 16}, kButton));
 }
 
-TEST_F(ShaderDialog, SliderDragFollowsThePointerOutOfItsRowUntilRelease) {
+TEST_F(ShaderDialog, ThumbDragResizeAndSliderDragOutOfItsRow) {
+    ztest::Frame dragged, shorter, fits;
     ShaderDialogResult const result =
-        Run({[](Script& s) {
-                 s.Press(200, 140);  // row 1 left of its slider
-                 s.Press(400, 131);  // the knob above the bar
-                 s.Press(300, 140, SDL_BUTTON_RIGHT);
-                 s.Motion(500, 140);
+        Run({[](Script& s) { s.Press(889, 300), s.Motion(889, 336); },  // no jump; 36 / 73 of 88
+             [&](Script& s) {
+                 dragged = s.Capture();
+                 s.Motion(889, 2000), s.Motion(889, -500), s.Motion(889, 336);
+                 s.Release(889, 336), s.Motion(889, 420);
+             },
+             Resize(560),  // 28 pixels left to scroll
+             [&](Script& s) { shorter = s.Capture(), Resize(700)(s); },
+             [&](Script& s) {  // all rows fit: row 1 from 100 again
+                 fits = s.Capture();
+                 s.Press(200, 140), s.Press(400, 131);  // left of the slider, above the bar
+                 s.Press(300, 140, SDL_BUTTON_RIGHT), s.Motion(500, 140);
              },
              [](Script& s) {
-                 s.Press(397, 140);  // B at 137 / 275
-                 s.Motion(700, 400);
+                 s.Press(397, 140), s.Motion(700, 400);   // B at 137 / 275, out of its row
                  s.Release(700, 400, SDL_BUTTON_MIDDLE);  // no end of the drag
-                 s.Motion(100, 30);
-                 s.Motion(329, 9999);  // B at 69 / 275
-                 s.Release(329, 9999);
-                 s.Motion(535, 140);
+                 s.Motion(100, 30), s.Motion(329, 9999);  // B at 69 / 275
+                 s.Release(329, 9999), s.Motion(535, 140);
              },
              [](Script& s) { s.Press(534, 220); },  // C at 274 / 275 of 10, snapped
-             [](Script& s) { s.Release(710, 470); }},
+             [](Script& s) { s.Release(710, 670); }},
             {{"C", 4.0f}});
     EXPECT_FALSE(result.accepted);  // released over Cancel
     EXPECT_TRUE(applied_.empty());
     EXPECT_FLOAT_EQ(result.values[0].value, 0.5f);
     EXPECT_FLOAT_EQ(result.values[1].value, 69.0f / 275.0f);
     EXPECT_FLOAT_EQ(result.values[2].value, 10.0f);
-}
-
-TEST_F(ShaderDialog, ThumbDragAndResizeMoveTheList) {
-    ztest::Frame dragged, shorter, fits;
-    Run({[](Script& s) { s.Press(889, 300), s.Motion(889, 336); },  // no jump; 36 / 73 of 88
-         [&](Script& s) {
-             dragged = s.Capture();
-             s.Motion(889, 2000), s.Motion(889, -500), s.Motion(889, 336);
-             s.Release(889, 336), s.Motion(889, 420);
-         },
-         Resize(560),  // 28 pixels left to scroll
-         [&](Script& s) { shorter = s.Capture(), Resize(700)(s); },
-         [&](Script& s) { fits = s.Capture(), s.CloseWindow(); }});
     // Scrolled by 43: row 1's card from 57, the thumb from 36 + 35.
     ExpectColors(dragged, {{200, 57, kCardLine}, {888, 70, kTrack}, {888, 71, kThumbLine}});
     ASSERT_EQ(shorter.height, 560);
@@ -303,67 +296,56 @@ TEST_F(ShaderDialog, ApplyAndLeaveGesturesAndTheirResults) {
     };
     float const high = 274.0f / 275.0f;
     // Steps, accepted, B at each Apply, B at the end.
-    struct {
-        std::vector<Script::Step> steps;
-        bool accepted;
-        std::vector<float> b_at_applies;
-        float b_at_end;
-    } const cases[] = {
+    std::tuple<std::vector<Script::Step>, bool, std::vector<float>, float> const cases[] = {
         {{set_b(534), apply, close}, true, {high}, high},
         {{key(SDLK_RETURN), set_b(260), key(SDLK_RETURN), quit}, true, {0.5f, 0.0f}, 0.0f},
         {{key(SDLK_KP_ENTER), set_b(534), key(SDLK_ESCAPE)}, false, {0.5f}, high},
         {{apply, cancel}, false, {0.5f}, 0.5f},
         {{other_close, set_b(260), key(SDLK_SPACE), quit}, false, {}, 0.0f},
     };
-    for (auto const& c : cases) {
+    for (auto const& [steps, accepted, b_at_applies, b_at_end] : cases) {
         applied_.clear();
-        ShaderDialogResult const result = Run(c.steps);
-        EXPECT_EQ(result.accepted, c.accepted);
-        ASSERT_EQ(applied_.size(), c.b_at_applies.size());
+        ShaderDialogResult const result = Run(steps);
+        EXPECT_EQ(result.accepted, accepted);
+        ASSERT_EQ(applied_.size(), b_at_applies.size());
         for (std::size_t i = 0; i < applied_.size(); ++i) {
-            EXPECT_FLOAT_EQ(applied_[i].at(1).value, c.b_at_applies[i]);
+            EXPECT_FLOAT_EQ(applied_[i].at(1).value, b_at_applies[i]);
         }
-        EXPECT_FLOAT_EQ(result.values.at(1).value, c.b_at_end);
+        EXPECT_FLOAT_EQ(result.values.at(1).value, b_at_end);
     }
 }
 
 TEST_F(ShaderDialog, BoxesInsteadOfAWindow) {
     std::string const plain = dir_.Write("plain", "void main() {}\n").string();
     SDL_Window* parent = SDL_CreateWindow("host", 100, 100, 640, 400, SDL_WINDOW_HIDDEN);
-    // No parameters (a plain file, no path, an absent preset), then no font, then no window.
-    struct {
-        std::string path;
-        bool no_font, no_window;
-        long long flags;
-        char const* text;
-    } const cases[] = {
-        {plain, false, false, SDL_MESSAGEBOX_INFORMATION,
-         "No #pragma parameter lines were found in the selected shader file."},
-        {"", false, false, SDL_MESSAGEBOX_INFORMATION,
-         "No #pragma parameter lines were found in the selected shader file."},
-        {(dir_.path() / "absent.glslp").string(), false, false, SDL_MESSAGEBOX_INFORMATION,
-         "No #pragma parameter lines were found in the selected shader file."},
+    long long const info = SDL_MESSAGEBOX_INFORMATION;
+    char const* const none = "No #pragma parameter lines were found in the selected shader file.";
+    // Path, no font, no window, the box's flags and text: no parameters (a plain file, no
+    // path, an absent preset), then no font, then no window (and no box).
+    // clang-format off
+    std::tuple<std::string, bool, bool, long long, char const*> const cases[] = {
+        {plain, false, false, info, none}, {"", false, false, info, none},
+        {(dir_.path() / "absent.glslp").string(), false, false, info, none},
         {shader_, true, false, SDL_MESSAGEBOX_ERROR, "Unable to load a font via SDL_ttf."},
-        {shader_, false, true, 0, nullptr},
-    };
-    for (auto const& c : cases) {
+        {shader_, false, true, 0, nullptr}};
+    // clang-format on
+    for (auto const& [path, no_font, no_window, flags, text] : cases) {
         ztest::ResetRecorder();
-        ztest::Faults().allow_font_path = [no = c.no_font](std::string const&) { return !no; };
-        ztest::Faults().fail_window_creation = c.no_window;
+        ztest::Faults().allow_font_path = [no = no_font](std::string const&) { return !no; };
+        ztest::Faults().fail_window_creation = no_window;
         ShaderDialogResult const r =
-            ShowShaderParameterDialog(parent, c.path, 1, nullptr, {{"C", 7}});
+            ShowShaderParameterDialog(parent, path, 1, nullptr, {{"C", 7}});
         EXPECT_FALSE(r.accepted);
-        EXPECT_EQ(r.values.empty() ? -1.0f : r.values.at(2).value,
-                  c.path == shader_ ? 7.0f : -1.0f);
+        EXPECT_EQ(r.values.empty() ? -1.0f : r.values.at(2).value, path == shader_ ? 7.0f : -1.0f);
         auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
-        ASSERT_EQ(boxes.size(), c.text ? 1u : 0u) << c.path;
-        if (c.text) {
-            EXPECT_EQ(boxes[0].args[0], c.flags);
-            EXPECT_EQ(boxes[0].text, std::string("Shader Parameters\n") + c.text);
+        ASSERT_EQ(boxes.size(), text ? 1u : 0u) << path;
+        if (text) {
+            EXPECT_EQ(boxes[0].args[0], flags);
+            EXPECT_EQ(boxes[0].text, std::string("Shader Parameters\n") + text);
             EXPECT_EQ(boxes[0].object, parent);
         }
         EXPECT_EQ(ztest::CountCalls("SDL_ShowWindow") + ztest::CountCalls("SDL_RaiseWindow"), 0);
-        EXPECT_TRUE(c.path == shader_ || ztest::CountCalls("SDL_CreateWindow") == 0);
+        EXPECT_TRUE(path == shader_ || ztest::CountCalls("SDL_CreateWindow") == 0);
         EXPECT_EQ(ztest::CountLiveObjects().windows, 1);
     }
     SDL_DestroyWindow(parent);

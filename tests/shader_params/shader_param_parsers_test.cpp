@@ -1,10 +1,9 @@
 // The two shader parameter parsers and the OpenGL stand-in's preset reader: lines as
 // people write them, and whole files, presets and unreadable paths.
-#include "gui/shader_params.h"
-#include "zorvane/opengl.h"
-
 #include "shader_params/shader_param_parsers.h"
+#include "gui/shader_params.h"
 #include "support/temp_dir.h"
+#include "zorvane/opengl.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +37,7 @@ std::string Describe(std::vector<ShaderParameterValue> const& values) {
     return text.str();
 }
 
-TEST(ShaderParameterSpecs, DeclarationLinesAsWritten) {
+TEST(ShaderParameterParsers, DeclarationAndPresetLinesAsWritten) {
     std::pair<char const*, char const*> const cases[] = {
         {" \t #pragma parameter GAMMA \"Gamma\" 2.2 1.0 3.0 0.05\r", "GAMMA [Gamma] 2.2 1 3 0.05;"},
         {"#pragma parameter\tG\t\"G\"\t2\t1\t3\t0.5\t// wider near 2", "G [G] 2 1 3 0.5;"},
@@ -73,24 +72,7 @@ TEST(ShaderParameterSpecs, DeclarationLinesAsWritten) {
     for (auto const& [line, want] : cases) {
         EXPECT_EQ(Describe(ParseShaderParameterSpecsFromText(line)), want) << line;
     }
-}
-
-TEST(ShaderParameterSpecs, ShaderFileAndItsPreset) {
-    // Tabs, CR LF, trailing comments, a line without a step and one behind "//" left
-    // out, one inside a block comment kept, and a last line without a line feed.
-    char const* const want =
-        "CURVATURE [Screen curvature] 0.08 0 0.25 0.01;"
-        "SCANLINE_WEIGHT [Scanline weight (dark -> bright)] 6 0.5 12 0.5;"
-        "MASK_DARK [Mask: dark, 0 = off] 0.5 0 1 0.05;"
-        "IN_BLOCK [Inside a block comment] 1 0 2 0.1;"
-        "GAMMA_OUT [Output gamma] 2.2 1 3 0;";
-    for (char const* name : {"crt_soft.glsl", "crt_soft.glslp"}) {
-        EXPECT_EQ(Describe(ParseShaderParameterSpecs(DataPath(name))), want) << name;
-    }
-}
-
-TEST(GlslpParameterOverrides, PresetTextsAsWritten) {
-    std::pair<char const*, char const*> const cases[] = {
+    std::pair<char const*, char const*> const presets[] = {
         {"parameters = \"A;B\"\nA = 0.5\nB = \"1.5\"\nC = 2.0\n", "A=0.5;B=1.5;"},
         {"B = 1\nA = 2\nparameters = \"A;B\"\n", "B=1;A=2;"},  // value lines in front
         {"parameters = A ; B ;\nA=1\nB=2", "A=1;B=2;"},
@@ -108,12 +90,22 @@ TEST(GlslpParameterOverrides, PresetTextsAsWritten) {
         {"parameters = \"A B, C\"\nA B, C = 7\nA = 1\n", "A B, C=7;"},
         {"parameters = 2;parameters\n", "parameters=2;"},
     };
-    for (auto const& [text, want] : cases) {
+    for (auto const& [text, want] : presets) {
         EXPECT_EQ(Describe(ParseGlslpParameterOverridesFromText(text)), want) << text;
     }
 }
 
-TEST(ShaderParameterFiles, PresetsPathsAndUnreadableFiles) {
+TEST(ShaderParameterParsers, FilesPresetsPathsAndUnreadableFiles) {
+    // Tabs, CR LF, trailing comments, a line without a step and one behind "//" left
+    // out, one inside a block comment kept, and a last line without a line feed.
+    for (char const* name : {"crt_soft.glsl", "crt_soft.glslp"}) {
+        EXPECT_EQ(Describe(ParseShaderParameterSpecs(DataPath(name))),
+                  "CURVATURE [Screen curvature] 0.08 0 0.25 0.01;"
+                  "SCANLINE_WEIGHT [Scanline weight (dark -> bright)] 6 0.5 12 0.5;"
+                  "MASK_DARK [Mask: dark, 0 = off] 0.5 0 1 0.05;IN_BLOCK [Inside a block comment] "
+                  "1 0 2 0.1;GAMMA_OUT [Output gamma] 2.2 1 3 0;")
+            << name;
+    }
     EXPECT_EQ(Describe(ParseGlslpParameterOverrides(DataPath("crt_soft.glslp"))),
               "CURVATURE=0.12;SCANLINE_WEIGHT=8.5;MASK_DARK=0.35;CURVATURE=0.2;");
     EXPECT_EQ(ResolveShaderGlslPath(DataPath("crt_soft.glslp")), DataPath("crt_soft.glsl"));
