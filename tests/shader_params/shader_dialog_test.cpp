@@ -1,7 +1,5 @@
-// The shader parameter dialog: its window-free numbers (snapping, starting values, the
-// pointer's value and row, window sizes, scrollbar and buttons), and the dialog run for
-// real: the wheel, slider and scrollbar drags, resizing, the ways to apply and to leave,
-// what a frame shows, and the boxes shown instead of a window.
+// The shader parameter dialog: its window-free numbers, and the dialog run for real (the
+// wheel, drags, resizing, the ways to apply and leave, the frame, the boxes instead).
 #include "gui/shader_params.h"
 #include "shader_params/shader_dialog_model.h"
 #include "support/dialog_checks.h"
@@ -36,20 +34,16 @@ ShaderDialogLayout LayoutOf(int count, int width, int height, int scroll = 0) {
     return BuildShaderDialogLayout(session, width, height);
 }
 
-TEST(ShaderDialogModel, SnapCountsTheGridFromTheMinimum) {
-    struct {
-        ShaderParameterSpec spec;
-        float in, want;
-    } const cases[] = {
-        // clang-format off
+TEST(ShaderDialogModel, SnapStartingValuesAndThePointersValueAndRow) {
+    // clang-format off
+    std::tuple<ShaderParameterSpec, float, float> const cases[] = {
         {Spec(0, 1, 0.25f), 0.3f, 0.25f}, {Spec(0, 1, 0.25f), 0.375f, 0.5f}, {Spec(0, 1, 0.25f), 2.0f, 1.0f},
         {Spec(0, 1, 0.25f), -1.0f, 0.0f}, {Spec(-1, 1, 0.5f), 0.2f, 0.0f}, {Spec(0, 1, 0.4f), 1.0f, 1.0f},
         {Spec(0, 1, 0.3f), 1.0f, 0.3f * 3.0f}, {Spec(0, 1, 0.0f), 0.123f, 0.123f}, {Spec(0, 1, 0.0f), 7.0f, 1.0f},
-        {Spec(1, 3, 0.5f), 1.25f, 1.5f},
-        // clang-format on
-    };
-    for (auto const& c : cases) {
-        EXPECT_EQ(SnapToStep(c.spec, c.in), c.want) << c.in << " step " << c.spec.step;
+        {Spec(1, 3, 0.5f), 1.25f, 1.5f}};
+    // clang-format on
+    for (auto const& [spec, in, want] : cases) {
+        EXPECT_EQ(SnapToStep(spec, in), want) << in << " step " << spec.step;
     }
     // Starting values: the first override of each name, clamped and snapped.
     std::vector<ShaderParameterSpec> specs = {Spec(0, 1, 0, "A"), Spec(0, 1, 0.25f, "B"),
@@ -59,20 +53,19 @@ TEST(ShaderDialogModel, SnapCountsTheGridFromTheMinimum) {
         specs, {{"Z", 0.5f}, {"A", 5.0f}, {"B", 0.3f}, {"A", 0.1f}, {"a", 0.2f}});
     EXPECT_FALSE(result.accepted);
     ASSERT_EQ(result.values.size(), 4u);
-    float const want[] = {1.0f, 0.25f, 10.0f, 1.0f};
+    float const starts[] = {1.0f, 0.25f, 10.0f, 1.0f};
     for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(result.values[i].name, specs[i].name);
-        EXPECT_EQ(result.values[i].value, want[i]) << i;
+        EXPECT_EQ(result.values[i].value, starts[i]) << i;
     }
     EXPECT_TRUE(InitializeShaderDialogResult({}, {{"A", 1.0f}}).values.empty());
-}
 
-TEST(ShaderDialogModel, PointerXMapsOntoTheSliderAndYOntoRows) {
+    // The pointer's x on a slider, and its y over the rows.
     ShaderDialogGeometry const g = BuildShaderDialogGeometry(3, 1.0f);
     int const xs[] = {-5000, 260, 360, 535, 99999};
-    float const want[] = {0.0f, 0.0f, 0.25f, 1.0f, 1.0f};  // 360: 0.36 snaps down
+    float const values[] = {0.0f, 0.0f, 0.25f, 1.0f, 1.0f};  // 360: 0.36 snaps down
     for (int i = 0; i < 5; ++i) {
-        EXPECT_EQ(ShaderDialogValueFromMouse(Spec(0, 1, 0.25f), g, xs[i]), want[i]) << xs[i];
+        EXPECT_EQ(ShaderDialogValueFromMouse(Spec(0, 1, 0.25f), g, xs[i]), values[i]) << xs[i];
     }
     EXPECT_EQ(ShaderDialogValueFromMouse(Spec(-2, 2, 0), g, 315), -2.0f + 4.0f * 0.2f);
     EXPECT_EQ(ShaderDialogValueFromMouse(Spec(3, 3, 0.1f), g, 400), 3.0f);
@@ -99,8 +92,7 @@ TEST(ShaderDialogModel, WindowHeightScrollbarAndButtonsFollowTheListAndWindow) {
         EXPECT_EQ(top.max_scroll, c[3]);
         SDL_Rect const track{882, 36, 14, c[2]}, thumb{882, 36, 14, c[4] == 0 ? c[2] : c[4]};
         EXPECT_TRUE(SDL_RectEquals(&top.scrollbar_track, &track));
-        EXPECT_EQ(top.scrollbar_thumb.y, thumb.y);
-        EXPECT_EQ(top.scrollbar_thumb.h, thumb.h);
+        EXPECT_TRUE(SDL_RectEquals(&top.scrollbar_thumb, &thumb));
         EXPECT_EQ(LayoutOf(c[0], 900, c[1], c[3]).scrollbar_thumb.y, 36 + c[2] - thumb.h);
     }
     ShaderDialogLayout const layout = LayoutOf(6, 900, 500, 44);
@@ -163,13 +155,9 @@ Script::Step Resize(int height) {
 
 class ShaderDialog : public ztest::DialogTest {
 protected:
-    void SetUp() override {
-        ztest::DialogTest::SetUp();
-        ztest::Faults().skip_delays = true;
-        shader_ = dir_.Write("six.glsl", kSixParameters).string();
-    }
     // Runs the dialog on the six rows with the script's steps one frame apart.
     ShaderDialogResult Run(std::vector<Script::Step> const& steps, Values const& overrides = {}) {
+        ztest::Faults().skip_delays = true;
         Script script;
         for (std::size_t i = 0; i < steps.size(); ++i) {
             script.At(2 + static_cast<int>(i), steps[i]);
@@ -181,7 +169,7 @@ protected:
         return result;
     }
     ztest::TempDir dir_;
-    std::string shader_;
+    std::string const shader_ = dir_.Write("six.glsl", kSixParameters).string();
     std::vector<Values> applied_;
 };
 
@@ -284,9 +272,8 @@ TEST_F(ShaderDialog, ApplyAndLeaveGesturesAndTheirResults) {
     Script::Step const apply = [](Script& s) {  // the buttons answer the release alone
         s.Press(100, 470), s.Release(840, 474);
     };
-    Script::Step const cancel = [](Script& s) { s.Click(710, 470); };
-    Script::Step const close = [](Script& s) { s.CloseWindow(); };
-    Script::Step const quit = [](Script& s) { s.Quit(); };
+    Script::Step const cancel = [](Script&s) { s.Click(710, 470); },
+                       close = [](Script&s) { s.CloseWindow(); }, quit = [](Script&s) { s.Quit(); };
     Script::Step const other_close = [](Script& s) {
         SDL_Event event{};
         event.type = SDL_WINDOWEVENT;
