@@ -264,32 +264,16 @@ TEST_F(PickerDialog, FrameShowsHeaderPathRowsScrollbarAndButtons) {
     ExpectTextEnd(here, 30, 54, ".");
 }
 
-TEST_F(PickerDialog, FolderPickerAcceptsTheShownFolder) {
-    fs::create_directories(dir_.path() / "alpha");
-    fs::create_directories(dir_.path() / "beta");
-    fs::create_directories(dir_.path() / "empty");
-    std::string const d = dir_.path().string(), up = dir_.path().parent_path().string();
-    ztest::ScopedWorkingDirectory cwd(dir_.path() / "empty");
-    // Start, gestures, the folder picked; "." is an empty folder without a parent row.
-    // clang-format off
-    std::string const cases[][3] = {
-        {d, "Down at:719,515", d}, {d, "Return | at:719,515", up}, {d, "Down*2 Return | at:719,515", d + "/beta"},
-        {d, "row1x2 | at:719,515", d + "/alpha"}, {".", "Return", "."}, {".", "at:719,515", "."}};
-    // clang-format on
-    for (auto const& c : cases) {
-        auto const show = [&] { return ShowSimpleFolderPicker(nullptr, {"", "", "", "", c[0]}); };
-        EXPECT_EQ(RunScripted(show, c[1]), c[2]);
-    }
-    EXPECT_EQ(RunScripted([] { return ShowSimpleShaderFilePicker(nullptr, ""); },
-                          "Return Down Return | accept | Escape"),
-              "");  // a file picker in the empty folder picks nothing
-}
-
 TEST_F(PickerDialog, EachPickerOpensWithItsTextsSizesAndStart) {
     for (char const* name :
          {"data/ttf/A.ttf", "data/ttf/B.otf", "floppies/disk.IMA", "boot.img", "crt.glslp"}) {
         dir_.Write(name, "");
     }
+    ztest::TempDir other;  // alpha, beta and empty, for the folder picker's gestures
+    for (char const* name : {"alpha", "beta", "empty"}) {
+        fs::create_directories(other.path() / name);
+    }
+    std::string const o = other.path().string(), up = other.path().parent_path().string();
     ztest::ScopedWorkingDirectory cwd(dir_.path());
     std::string const here = fs::current_path().string();
     auto const show = [](char kind, std::string const& start) {
@@ -300,7 +284,8 @@ TEST_F(PickerDialog, EachPickerOpensWithItsTextsSizesAndStart) {
     };
     Uint32 const hid = SDL_WINDOW_HIDDEN, res = hid | SDL_WINDOW_RESIZABLE;
     std::string const ttf = "Select TTF Font", fonts = "Select font (*.ttf, *.otf)",
-                      img = "Load Floppy Image", floppies = "Select floppy image (*.ima, *.img)";
+                      img = "Load Floppy Image", floppies = "Select floppy image (*.ima, *.img)",
+                      dir = "Select Folder", dest = "Select destination folder";
     // The folder picker (d) is 780 x 540 with its accept button at (676, 498, 86, 34), the
     // file pickers are 760 x 520 with it at (672, 482, 70, 30).
     // clang-format off
@@ -311,7 +296,11 @@ TEST_F(PickerDialog, EachPickerOpensWithItsTextsSizesAndStart) {
         {'i', "", img, hid, floppies, "Return", "floppies/disk.IMA"},
         {'s', "", "Select Shader", res, "Select shader (*.glsl, *.glslp, *.frag, *.vert, *.fs, *.vs)",
          "Down*2 Return", "./crt.glslp"},
-        {'d', "", "Select Folder", hid, "Select destination folder", "at:700,510", here}};
+        {'d', "", dir, hid, dest, "at:700,510", here},
+        {'d', o, dir, hid, dest, "Down at:719,515", o},  // the folder on show is picked
+        {'d', o, dir, hid, dest, "Return | at:719,515", up},
+        {'d', o, dir, hid, dest, "Down*2 Return | at:719,515", o + "/beta"},
+        {'d', o, dir, hid, dest, "row1x2 | at:719,515", o + "/alpha"}};
     // clang-format on
     for (auto const& c : cases) {
         SCOPED_TRACE(c.title + " from " + c.start);
@@ -331,6 +320,12 @@ TEST_F(PickerDialog, EachPickerOpensWithItsTextsSizesAndStart) {
         EXPECT_TRUE(HasColor(f, a.x + a.w, a.y + a.h, kColFormListFill));
         ExpectTextEnd(f, 8, 28, c.heading);
     }
+    // An empty folder without a parent row: a folder picker takes it, a file picker has nothing.
+    ztest::ScopedWorkingDirectory empty(other.path() / "empty");
+    EXPECT_EQ(RunScripted([&] { return show('d', "."); }, "Return"), ".");
+    EXPECT_EQ(RunScripted([&] { return show('d', "."); }, "at:719,515"), ".");
+    EXPECT_EQ(RunScripted([&] { return show('s', ""); }, "Return Down Return | accept | Escape"),
+              "");
 }
 
 TEST_F(PickerDialog, NestedResizedPickerGivesTheFocusBackAndKeepsWorkingTinyAndLarge) {
