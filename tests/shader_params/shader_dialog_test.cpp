@@ -272,8 +272,9 @@ TEST_F(ShaderDialog, ApplyAndLeaveGesturesAndTheirResults) {
     Script::Step const apply = [](Script& s) {  // the buttons answer the release alone
         s.Press(100, 470), s.Release(840, 474);
     };
-    Script::Step const cancel = [](Script&s) { s.Click(710, 470); },
-                       close = [](Script&s) { s.CloseWindow(); }, quit = [](Script&s) { s.Quit(); };
+    Script::Step const cancel = [](Script& s) { s.Click(710, 470); };
+    Script::Step const close = [](Script& s) { s.CloseWindow(); };
+    Script::Step const quit = [](Script& s) { s.Quit(); };
     Script::Step const other_close = [](Script& s) {
         SDL_Event event{};
         event.type = SDL_WINDOWEVENT;

@@ -1,5 +1,5 @@
 // The two shader parameter parsers and the OpenGL stand-in's preset reader: lines as
-// people write them, and whole files, presets and unreadable paths.
+// people write them, whole files, presets, first passes and unreadable paths.
 #include "shader_params/shader_param_parsers.h"
 #include "gui/shader_params.h"
 #include "support/temp_dir.h"
@@ -95,7 +95,7 @@ TEST(ShaderParameterParsers, DeclarationAndPresetLinesAsWritten) {
     }
 }
 
-TEST(ShaderParameterParsers, FilesPresetsPathsAndUnreadableFiles) {
+TEST(ShaderParameterParsers, FilesPresetsFirstPassesAndUnreadablePaths) {
     // Tabs, CR LF, trailing comments, a line without a step and one behind "//" left
     // out, one inside a block comment kept, and a last line without a line feed.
     for (char const* name : {"crt_soft.glsl", "crt_soft.glslp"}) {
@@ -120,20 +120,13 @@ TEST(ShaderParameterParsers, FilesPresetsPathsAndUnreadableFiles) {
     EXPECT_EQ(Describe(ParseShaderParameterSpecs(at("x.glsl"))), "A [B] 0 0 1 0.1;");
     EXPECT_EQ(ResolveShaderGlslPath(upper), at("x.glsl"));
     EXPECT_EQ(ResolveShaderGlslPath("no/such/dir/shader.glsl"), "no/such/dir/shader.glsl");
-    for (std::string const& path : {at("x.glsl"), at("absent.glslp"), std::string()}) {
-        EXPECT_TRUE(ParseGlslpParameterOverrides(path).empty()) << path;
-    }
-    for (std::string const& path : {at("absent.glslp"), std::string()}) {
-        EXPECT_EQ(ResolveShaderGlslPath(path), "") << path;
-    }
+    EXPECT_TRUE(ParseGlslpParameterOverrides(at("x.glsl")).empty());
     for (std::string const& path : {std::string(), dir.path().string(), at("absent.glsl"),
                                     DataPath("missing_pass.glslp"), at("preset_as_shader.glslp")}) {
         EXPECT_TRUE(ParseShaderParameterSpecs(path).empty()) << path;
     }
-}
 
-TEST(GlslpFirstPass, PresetsAsWritten) {
-    ztest::TempDir dir;
+    // The OpenGL stand-in: which shader a preset's first pass names.
     std::string const absolute = (dir.path() / "elsewhere" / "crt.glsl").string();
     // Preset text, and the first pass's path relative to the temporary folder ("" for none).
     std::pair<std::string, std::string> const cases[] = {
@@ -155,8 +148,10 @@ TEST(GlslpFirstPass, PresetsAsWritten) {
                   want.empty() ? "" : (dir.path() / want).string())
             << text;
     }
-    for (std::string const& path :
-         {(dir.path() / "absent.glslp").string(), dir.path().string(), std::string()}) {
+    EXPECT_EQ(zorvane::opengl::ResolveGlslpFirstPass(dir.path().string()), "");
+    for (std::string const& path : {at("absent.glslp"), std::string()}) {  // nothing to read
+        EXPECT_TRUE(ParseGlslpParameterOverrides(path).empty()) << path;
+        EXPECT_EQ(ResolveShaderGlslPath(path), "") << path;
         EXPECT_EQ(zorvane::opengl::ResolveGlslpFirstPass(path), "") << path;
     }
 }
