@@ -19,16 +19,16 @@ using Script = ztest::DialogScript;
 using Values = std::vector<ShaderParameterValue>;
 using ztest::HasColor;
 
-ShaderParameterSpec Spec(float min_value, float max_value, float step, char const* name = "P") {
+ShaderParameterSpec Param(float min_value, float max_value, float step, char const* name = "P") {
     return {name, "Label", 0.0f, min_value, max_value, step};
 }
 
 // The layout of `count` rows in a window of width x height scrolled by `scroll`.
 ShaderDialogLayout LayoutOf(int count, int width, int height, int scroll = 0) {
     ShaderDialogGeometry const g = BuildShaderDialogGeometry(count, 1.0f);
-    std::vector<ShaderParameterSpec> const specs(count, Spec(0, 1, 0));
+    std::vector<ShaderParameterSpec> const params(count, Param(0, 1, 0));
     ShaderDialogSession session;
-    session.specs = &specs;
+    session.specs = &params;
     session.geometry = &g;
     session.scroll_y = scroll;
     return BuildShaderDialogLayout(session, width, height);
@@ -37,25 +37,25 @@ ShaderDialogLayout LayoutOf(int count, int width, int height, int scroll = 0) {
 TEST(ShaderDialogModel, SnapStartingValuesAndThePointersValueAndRow) {
     // clang-format off
     std::tuple<ShaderParameterSpec, float, float> const cases[] = {
-        {Spec(0, 1, 0.25f), 0.3f, 0.25f}, {Spec(0, 1, 0.25f), 0.375f, 0.5f}, {Spec(0, 1, 0.25f), 2.0f, 1.0f},
-        {Spec(0, 1, 0.25f), -1.0f, 0.0f}, {Spec(-1, 1, 0.5f), 0.2f, 0.0f}, {Spec(0, 1, 0.4f), 1.0f, 1.0f},
-        {Spec(0, 1, 0.3f), 1.0f, 0.3f * 3.0f}, {Spec(0, 1, 0.0f), 0.123f, 0.123f}, {Spec(0, 1, 0.0f), 7.0f, 1.0f},
-        {Spec(1, 3, 0.5f), 1.25f, 1.5f}};
+        {Param(0, 1, 0.25f), 0.3f, 0.25f}, {Param(0, 1, 0.25f), 0.375f, 0.5f}, {Param(0, 1, 0.25f), 2.0f, 1.0f},
+        {Param(0, 1, 0.25f), -1.0f, 0.0f}, {Param(-1, 1, 0.5f), 0.2f, 0.0f}, {Param(0, 1, 0.4f), 1.0f, 1.0f},
+        {Param(0, 1, 0.3f), 1.0f, 0.3f * 3.0f}, {Param(0, 1, 0.0f), 0.123f, 0.123f}, {Param(0, 1, 0.0f), 7.0f, 1.0f},
+        {Param(1, 3, 0.5f), 1.25f, 1.5f}};
     // clang-format on
-    for (auto const& [spec, in, want] : cases) {
-        EXPECT_EQ(SnapToStep(spec, in), want) << in << " step " << spec.step;
+    for (auto const& [param, in, want] : cases) {
+        EXPECT_EQ(SnapToStep(param, in), want) << in << " step " << param.step;
     }
     // Starting values: the first override of each name, clamped and snapped.
-    std::vector<ShaderParameterSpec> specs = {Spec(0, 1, 0, "A"), Spec(0, 1, 0.25f, "B"),
-                                              Spec(0, 10, 1, "C"), Spec(0, 1, 0, "A")};
-    specs[2].default_value = 12.0f;
+    std::vector<ShaderParameterSpec> params = {Param(0, 1, 0, "A"), Param(0, 1, 0.25f, "B"),
+                                               Param(0, 10, 1, "C"), Param(0, 1, 0, "A")};
+    params[2].default_value = 12.0f;
     auto const result = InitializeShaderDialogResult(
-        specs, {{"Z", 0.5f}, {"A", 5.0f}, {"B", 0.3f}, {"A", 0.1f}, {"a", 0.2f}});
+        params, {{"Z", 0.5f}, {"A", 5.0f}, {"B", 0.3f}, {"A", 0.1f}, {"a", 0.2f}});
     EXPECT_FALSE(result.accepted);
     ASSERT_EQ(result.values.size(), 4u);
     float const starts[] = {1.0f, 0.25f, 10.0f, 1.0f};
     for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(result.values[i].name, specs[i].name);
+        EXPECT_EQ(result.values[i].name, params[i].name);
         EXPECT_EQ(result.values[i].value, starts[i]) << i;
     }
     EXPECT_TRUE(InitializeShaderDialogResult({}, {{"A", 1.0f}}).values.empty());
@@ -65,10 +65,10 @@ TEST(ShaderDialogModel, SnapStartingValuesAndThePointersValueAndRow) {
     int const xs[] = {-5000, 260, 360, 535, 99999};
     float const values[] = {0.0f, 0.0f, 0.25f, 1.0f, 1.0f};  // 360: 0.36 snaps down
     for (int i = 0; i < 5; ++i) {
-        EXPECT_EQ(ShaderDialogValueFromMouse(Spec(0, 1, 0.25f), g, xs[i]), values[i]) << xs[i];
+        EXPECT_EQ(ShaderDialogValueFromMouse(Param(0, 1, 0.25f), g, xs[i]), values[i]) << xs[i];
     }
-    EXPECT_EQ(ShaderDialogValueFromMouse(Spec(-2, 2, 0), g, 315), -2.0f + 4.0f * 0.2f);
-    EXPECT_EQ(ShaderDialogValueFromMouse(Spec(3, 3, 0.1f), g, 400), 3.0f);
+    EXPECT_EQ(ShaderDialogValueFromMouse(Param(-2, 2, 0), g, 315), -2.0f + 4.0f * 0.2f);
+    EXPECT_EQ(ShaderDialogValueFromMouse(Param(3, 3, 0.1f), g, 400), 3.0f);
     // y, scroll, the row there
     int const rows[][3] = {
         {19, 0, -1}, {20, 0, 0},  {99, 0, 0},   {100, 0, 1},   {259, 0, 2},           {260, 0, -1},

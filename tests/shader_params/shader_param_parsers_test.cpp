@@ -20,9 +20,9 @@ std::string DataPath(std::string const& name) {
 }
 
 // Every field of every record on one line, so that a table row compares in one go.
-std::string Describe(std::vector<ShaderParameterSpec> const& specs) {
+std::string Describe(std::vector<ShaderParameterSpec> const& records) {
     std::ostringstream text;
-    for (ShaderParameterSpec const& s : specs) {
+    for (ShaderParameterSpec const& s : records) {
         text << s.name << " [" << s.label << "] " << s.default_value << " " << s.min_value << " "
              << s.max_value << " " << s.step << ";";
     }
