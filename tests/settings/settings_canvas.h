@@ -7,10 +7,7 @@
 #include "support/dialog_script.h"
 #include "support/test_display.h"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
-#include <string>
 
 namespace zset {
 

@@ -32,8 +32,7 @@ TEST_F(SettingsUnderX, RealPointerHoversNavigatesDragsAndApplies) {
     SettingsDialogValues start;
     start.hdd_sounds_volume = 0.9;
     std::vector<SettingsDialogValues> applied;
-    ztest::Frame hovered;
-    ztest::Frame navigated;
+    ztest::Frame hovered, navigated;
     auto button = [](bool down) { return [down](Script&) { ztest::SetRealPointerButton(down); }; };
     auto move = [](int x, int y) { return [x, y](Script& s) { s.Hover(x, y); }; };
     Script script;
