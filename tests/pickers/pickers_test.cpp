@@ -142,8 +142,8 @@ void Perform(Script& s, std::string const& w) {
         std::replace(name.begin(), name.end(), '_', ' ');
         SDL_Keycode const key = SDL_GetKeyFromName(name.c_str());
         ASSERT_NE(key, SDLK_UNKNOWN) << w;
-        for (int i = w.size() > name.size() ? std::stoi(w.substr(name.size() + 1)) : 1; i > 0;
-             --i) {
+        int const times = w.size() > name.size() ? std::stoi(w.substr(name.size() + 1)) : 1;
+        for (int i = 0; i < times; ++i) {
             s.Key(key);
         }
     }
