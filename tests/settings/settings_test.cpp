@@ -22,14 +22,21 @@ auto const volume = [](double q) -> Edit { return [q](auto& v) { v.hdd_sounds_vo
 auto const gain = [](double g) -> Edit { return [g](auto& v) { v.mouse_capture_gain = g; }; };
 auto const sounds = [](bool on) -> Edit { return [on](auto& v) { v.hdd_sounds_enabled = on; }; };
 
-class SettingsPanels : public ztest::DialogTest {};
+class SettingsDialog : public ztest::DialogTest {
+protected:
+    std::function<void(SettingsDialogValues const&)> Record() {
+        ztest::Faults().skip_delays = true;
+        return [this](SettingsDialogValues const& v) { applied.push_back(v); };
+    }
+    std::vector<SettingsDialogValues> applied;
+    int const y0 = PanelTop(true);
+};
 
-TEST_F(SettingsPanels, EachGestureChangesExactlyTheFieldItNames) {
+TEST_F(SettingsDialog, EachPanelGestureChangesExactlyTheFieldItNames) {
     SDL_Window* window = SDL_CreateWindow("canvas", 0, 0, 820, 492, SDL_WINDOW_HIDDEN);
     SDL_Renderer* renderer = SDL_CreateRenderer(window, -1, SDL_RENDERER_SOFTWARE);
     SdlUiFontHandle const title = OpenSdlUiFontHandle(15, true, kSemiBold);
     SdlUiFontHandle const body = OpenSdlUiFontHandle(15, false, kSemiBold);
-    int const y0 = PanelTop(true);
     int const y1 = y0 + 136;                                       // below the font mode group
     int const rh = std::max(TTF_FontHeight(body.get()), 16) + 10;  // a checkbox row
     auto row = [&](int i) { return y0 + 34 * i + 17; };
@@ -108,12 +115,10 @@ TEST(SettingsHits, ApplyTakesTextsAndNumbersAsTheyComeAndLabelsRoundAndClamp) {
     EXPECT_THROW(ApplySettingsHit(&values, hit("fps", "abc")), std::invalid_argument);
     ApplySettingsHit(nullptr, hit("fps", "25"));
     EXPECT_EQ(FormatSliderPercent(1.5) + FormatSliderPercent(-0.2) + FormatSliderPercent(0.005) +
-                  FormatSliderPercent(-0.004),
-              "150%-20%1%0%");
-    EXPECT_EQ(FormatRangeSliderValue(5.0, 3.0, 0.25, "x") +
+                  FormatSliderPercent(-0.004) + FormatRangeSliderValue(5.0, 3.0, 0.25, "x") +
                   FormatRangeSliderValue(0.1, 0.25, 3.0, "x") +
                   FormatRangeSliderValue(7.0, 2.0, 2.0, nullptr),
-              "3.00x0.25x2.00");
+              "150%-20%1%0%3.00x0.25x2.00");
 }
 
 Script::Step ClickAt(int x, int y) {
@@ -124,16 +129,6 @@ Script::Step ClickAt(int x, int y) {
 }
 
 Script::Step const kApply = ClickAt(763, 464);
-
-class SettingsDialog : public ztest::DialogTest {
-protected:
-    std::function<void(SettingsDialogValues const&)> Record() {
-        ztest::Faults().skip_delays = true;
-        return [this](SettingsDialogValues const& v) { applied.push_back(v); };
-    }
-    std::vector<SettingsDialogValues> applied;
-    int const y0 = PanelTop(true);
-};
 
 TEST_F(SettingsDialog, FrameNavigationAndTheNestedFontPicker) {
     ztest::TempDir dir;
