@@ -27,8 +27,9 @@ constexpr SDL_Rect kHomeRow{39, 261, 782, 86};
 
 std::vector<std::string> OpenedUrls() {
     std::vector<std::string> urls;
-    for (ztest::SdlCall const& call : ztest::RecordedCalls("SDL_OpenURL"))
+    for (ztest::SdlCall const& call : ztest::RecordedCalls("SDL_OpenURL")) {
         urls.push_back(call.text);
+    }
     return urls;
 }
 

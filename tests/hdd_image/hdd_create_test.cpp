@@ -1,5 +1,4 @@
-// The hard-disk image dialog: its size and path rules, the form driven by keys and
-// text, and the dialog run for real with its nested folder picker.
+// The hard-disk image dialog: its rules, its form, and its runs with the nested picker.
 #include "hdd_image/hdd_create_dialog.h"
 #include "support/dialog_checks.h"
 #include "support/dialog_script.h"
@@ -33,6 +32,14 @@ TEST(HddCreateRules, SizesPathsAndTheFormDrivenByKeysAndText) {
         {"", "", fs::path(".") / "disk.img"}, {"images", "c", fs::path("images") / "c"},
         {"/srv/images/", "c.img", "/srv/images/c.img"}, {"/srv", "/abs/d.img", "/abs/d.img"},
         {"/srv/\xC3\xA9t\xC3\xA9", "\xE2\x82\xAC.img", "/srv/\xC3\xA9t\xC3\xA9/\xE2\x82\xAC.img"}};
+    std::string const n127(127, 'n');
+    std::string const rows[][4] = {  // size, name, input, what is left
+        {"1", "", "2a3 4-5.6789012", "1234567890||"},
+        {"", "", "\tc:/d|\xC3\xA9\xE2\x82\xAC", "|cd\xC3\xA9\xE2\x82\xAC|"},
+        {"", "d\xC3\xA9\xE2\x82\xAC", "\t\b", "|d\xC3\xA9\xE2\x82|"},
+        {"", n127, "\t*xy", "|" + n127 + "x|"}, {"", "", "\b\t\b\t\b5", "5||"},
+        {"12", "ab", "\t\t\b", "1|ab|"}, {"", "dos", "\t\r", "|dos|accepted 64 . dos"},
+        {"0", "", "\r", "0||accepted 1 . disk.img"}};
     // clang-format on
     for (auto const& [text, mb] : sizes) {
         EXPECT_EQ(ParseHddCreateSizeMbOrDefault(text, 10), mb) << text;
@@ -40,15 +47,6 @@ TEST(HddCreateRules, SizesPathsAndTheFormDrivenByKeysAndText) {
     for (auto const& [folder, name, path] : paths) {
         EXPECT_EQ(BuildHddCreateTargetPath(folder, name), path.string()) << folder << "+" << name;
     }
-    std::string const n127(127, 'n');
-    // clang-format off
-    std::string const rows[][4] = {  // size, name, input, what is left
-        {"1", "", "2a3 4-5.6789012", "1234567890||"},
-        {"", "", "\tc:/d|\xC3\xA9\xE2\x82\xAC", "|cd\xC3\xA9\xE2\x82\xAC|"},
-        {"", "d\xC3\xA9\xE2\x82\xAC", "\t\b", "|d\xC3\xA9\xE2\x82|"},
-        {"", n127, "\t*xy", "|" + n127 + "x|"}, {"", "", "\b\t\b\t\b5", "5||"}, {"12", "ab", "\t\t\b", "1|ab|"},
-        {"", "dos", "\t\r", "|dos|accepted 64 . dos"}, {"0", "", "\r", "0||accepted 1 . disk.img"}};
-    // clang-format on
     for (auto const& row : rows) {
         HddCreateDialogState state;
         state.result.size_mb = 64;
@@ -80,8 +78,9 @@ TEST_F(HddCreateDialog, OnlyCreateReturnsWhatWasTypedAndPicked) {
         first = s.Capture();
         s.Text("48");       // after the starting "10"
         s.Click(300, 150);  // the file name field
-        for (int i = 0; i < 8; ++i)
+        for (int i = 0; i < 8; ++i) {
             s.Key(SDLK_BACKSPACE);
+        }
         s.Text("games.img");
         s.Click(700, 200);  // "Choose"
     });

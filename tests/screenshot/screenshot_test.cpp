@@ -143,8 +143,9 @@ TEST_F(ScreenshotDialog, SaveReturnsWhatWasTypedChosenAndPicked) {
     script.At(1, [&](Script& s) {
         dialog = s.Window();
         first = s.Capture();
-        for (int i = 0; i < 11; ++i)
-            s.Key(SDLK_BACKSPACE);  // "capture.jpg"
+        for (int i = 0; i < 11; ++i) {  // "capture.jpg"
+            s.Key(SDLK_BACKSPACE);
+        }
         s.Text("boot/scr\xC3\xA9\x65n");
         s.Click(300, 230);  // the format field
     });
