@@ -255,7 +255,8 @@ TEST_F(PickerDialog, FrameShowsHeaderPathRowsScrollbarAndButtons) {
         {sub, 12, 58, sel}, {sub, 730, 79, sel}, {sub, 12, 82, list}, {sub, 300, 400, list},
         {sub, 743, 300, kThumb}, {sub, 738, 58, {140, 150, 166, 255}}, {sub, 5, 500, foot},
         {sub, 592, 482, kButton}, {sub, 661, 511, kButton}, {sub, 591, 482, foot}, {sub, 662, 511, foot},
-        {sub, 672, 481, foot}, {here, 12, 82, sel}, {here, 743, 100, kThumb}, {here, 743, 200, foot}};
+        {sub, 672, 481, foot}, {sub, 742, 511, foot}, {here, 12, 82, sel}, {here, 743, 100, kThumb},
+        {here, 743, 200, foot}};
     // clang-format on
     for (auto const& p : probes) {  // the thumb of 101 rows: 69 of 414 pixels at the top
         EXPECT_TRUE(HasColor(p.f, p.x, p.y, p.color));
@@ -289,7 +290,8 @@ TEST_F(PickerDialog, EachPickerOpensWithItsTextsSizesAndStart) {
     // The folder picker (d) is 780 x 540 with its accept button at (676, 498, 86, 34), the
     // file pickers are 760 x 520 with it at (672, 482, 70, 30).
     // clang-format off
-    struct { char kind; std::string start, title; Uint32 flags; std::string heading, gestures, expected; } const cases[] = {
+    struct { char kind; std::string start, title; Uint32 flags; std::string heading, gestures, expected; }
+    const cases[] = {
         {'t', "", ttf, res, fonts, "Down Return", "data/ttf/A.ttf"},
         {'t', "data/ttf/B.otf", ttf, res, fonts, "Down Return", "data/ttf/A.ttf"},  // row 0 selected
         {'i', "missing/disk.img", img, hid, floppies, "Down*3 Return", here + "/boot.img"},

@@ -35,12 +35,12 @@ ShaderDialogLayout LayoutOf(int count, int width, int height, int scroll = 0) {
 }
 
 TEST(ShaderDialogModel, SnapStartingValuesAndThePointersValueAndRow) {
+    ShaderParameterSpec const quarter = Param(0, 1, 0.25f), free = Param(0, 1, 0);
     // clang-format off
     std::tuple<ShaderParameterSpec, float, float> const cases[] = {
-        {Param(0, 1, 0.25f), 0.3f, 0.25f}, {Param(0, 1, 0.25f), 0.375f, 0.5f}, {Param(0, 1, 0.25f), 2.0f, 1.0f},
-        {Param(0, 1, 0.25f), -1.0f, 0.0f}, {Param(-1, 1, 0.5f), 0.2f, 0.0f}, {Param(0, 1, 0.4f), 1.0f, 1.0f},
-        {Param(0, 1, 0.3f), 1.0f, 0.3f * 3.0f}, {Param(0, 1, 0.0f), 0.123f, 0.123f}, {Param(0, 1, 0.0f), 7.0f, 1.0f},
-        {Param(1, 3, 0.5f), 1.25f, 1.5f}};
+        {quarter, 0.3f, 0.25f}, {quarter, 0.375f, 0.5f}, {quarter, 2.0f, 1.0f}, {quarter, -1.0f, 0.0f},
+        {Param(-1, 1, 0.5f), 0.2f, 0.0f}, {Param(0, 1, 0.4f), 1.0f, 1.0f}, {free, 0.123f, 0.123f},
+        {Param(0, 1, 0.3f), 1.0f, 0.3f * 3.0f}, {free, 7.0f, 1.0f}, {Param(1, 3, 0.5f), 1.25f, 1.5f}};
     // clang-format on
     for (auto const& [param, in, want] : cases) {
         EXPECT_EQ(SnapToStep(param, in), want) << in << " step " << param.step;
@@ -65,7 +65,7 @@ TEST(ShaderDialogModel, SnapStartingValuesAndThePointersValueAndRow) {
     int const xs[] = {-5000, 260, 360, 535, 99999};
     float const values[] = {0.0f, 0.0f, 0.25f, 1.0f, 1.0f};  // 360: 0.36 snaps down
     for (int i = 0; i < 5; ++i) {
-        EXPECT_EQ(ShaderDialogValueFromMouse(Param(0, 1, 0.25f), g, xs[i]), values[i]) << xs[i];
+        EXPECT_EQ(ShaderDialogValueFromMouse(quarter, g, xs[i]), values[i]) << xs[i];
     }
     EXPECT_EQ(ShaderDialogValueFromMouse(Param(-2, 2, 0), g, 315), -2.0f + 4.0f * 0.2f);
     EXPECT_EQ(ShaderDialogValueFromMouse(Param(3, 3, 0.1f), g, 400), 3.0f);
@@ -215,8 +215,9 @@ TEST_F(ShaderDialog, FrameAndWheelThatScrollsAndStepsTheRowUnderThePointer) {
                      {270, 140, kFilled}, {391, 140, kFilled}, {392, 131, kKnob}, {403, 150, kKnob},
                      {404, 140, kBar}, {534, 140, kBarLine}, {450, 134, kBarLine}, {300, 220, kFilled},
                      {320, 220, kKnob}, {321, 220, kBar}, {882, 100, kThumbLine}, {888, 100, kThumb},
-                     {888, 374, kThumbLine}, {888, 400, kTrack}, {10, 448, kFooterLine}, {10, 480, kFooter},
-                     {708, 470, kButtonLine}, {711, 484, kButton}, {879, 486, kButtonLine}, {805, 484, kButton}});
+                     {888, 374, kThumbLine}, {888, 400, kTrack}, {10, 448, kFooterLine},
+                     {10, 480, kFooter}, {708, 470, kButtonLine}, {711, 484, kButton},
+                     {879, 486, kButtonLine}, {805, 484, kButton}});
     // clang-format on
     EXPECT_TRUE(HasInk(f, {12, 4, 120, 14}, kHeader));
     EXPECT_TRUE(HasInk(f, {14, 105, 60, 16}, kCard));    // label
