@@ -93,7 +93,8 @@ TEST_F(HddCreateDialog, OnlyCreateReturnsWhatWasTypedAndPicked) {
         s.Text("x");
         s.Click(790, 330);  // Create
     });
-    HddCreateDialogResult r = ShowSimpleHddCreateDialog(parent, (dir.path() / "sub").string(), 0);
+    HddCreateDialogResult const r =
+        ShowSimpleHddCreateDialog(parent, (dir.path() / "sub").string(), 0);
     EXPECT_FALSE(script.timed_out());
     EXPECT_EQ(Describe(r), "accepted 1048 " + r.folder + " games.imgx");
     EXPECT_TRUE(fs::equivalent(r.folder, dir.path())) << r.folder;
@@ -117,9 +118,9 @@ TEST_F(HddCreateDialog, OnlyCreateReturnsWhatWasTypedAndPicked) {
         ztest::ResetRecorder();
         Script run;
         run.At(1, [](Script& s) { s.Text("99"); }).Then(gesture);
-        r = ShowSimpleHddCreateDialog(parent, "/srv/images", 300);
+        EXPECT_EQ(Describe(ShowSimpleHddCreateDialog(parent, "/srv/images", 300)),
+                  "300 /srv/images disk.img");
         EXPECT_FALSE(run.timed_out());
-        EXPECT_EQ(Describe(r), "300 /srv/images disk.img");
         EXPECT_EQ(ztest::CountCalls("SDL_StartTextInput"), 1);
         EXPECT_EQ(ztest::CountCalls("SDL_StopTextInput"), 1);
         EXPECT_EQ(ztest::RecordedCalls("SDL_RaiseWindow").back().object, parent);
@@ -127,8 +128,7 @@ TEST_F(HddCreateDialog, OnlyCreateReturnsWhatWasTypedAndPicked) {
     for (bool const no_window : {true, false}) {
         ztest::ResetRecorder();
         ztest::FailWindowOrRenderer(no_window);
-        r = ShowSimpleHddCreateDialog(parent, "", 0);
-        EXPECT_EQ(Describe(r), "10 . disk.img");
+        EXPECT_EQ(Describe(ShowSimpleHddCreateDialog(parent, "", 0)), "10 . disk.img");
         EXPECT_EQ(ztest::CountCalls("SDL_StartTextInput") + ztest::CountCalls("SDL_RaiseWindow"),
                   0);
     }

@@ -238,10 +238,9 @@ TEST_F(ScreenshotDialog, EveryWayOutButSaveReturnsTheStartingValues) {
     for (bool const no_window : {true, false}) {
         ztest::ResetRecorder();
         ztest::FailWindowOrRenderer(no_window);
-        ScreenshotSaveDialogResult const r =
-            ShowScreenshotSaveDialog(parent, "", "", Format::Bmp, 40, 3, true);
-        EXPECT_EQ(Describe(r), std::filesystem::current_path().u8string() +
-                                   " zorvane_capture_1900_01_00_00_00_00.bmp 2 40 3 rle");
+        EXPECT_EQ(Describe(ShowScreenshotSaveDialog(parent, "", "", Format::Bmp, 40, 3, true)),
+                  std::filesystem::current_path().u8string() +
+                      " zorvane_capture_1900_01_00_00_00_00.bmp 2 40 3 rle");
         EXPECT_EQ(ztest::CountCalls("SDL_StartTextInput") + ztest::CountCalls("SDL_RaiseWindow"),
                   0);
     }
