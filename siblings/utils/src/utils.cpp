@@ -2,7 +2,6 @@
 #include "zorvane/utils.h"
 
 #include <fstream>
-#include <iterator>
 #include <system_error>
 #include <vector>
 
@@ -117,7 +116,12 @@ bool read_text_file(std::filesystem::path const& path, std::string& text, std::s
         error = open_error != nullptr ? open_error : "";
         return false;
     }
-    std::string content((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+    // Read in large blocks rather than character by character: shader sources can be big.
+    std::string content;
+    char block[1 << 16];
+    while (stream.read(block, sizeof(block)) || stream.gcount() > 0) {
+        content.append(block, static_cast<std::size_t>(stream.gcount()));
+    }
     if (stream.bad()) {
         error = read_error != nullptr ? read_error : "";
         return false;
