@@ -34,19 +34,27 @@ void DrawTextIn(SDL_Renderer* renderer, std::string const& text, SDL_Rect const&
     DrawHddCreateDialogText(renderer, text.c_str(), rect.x + dx, rect.y + dy, kColFormText);
 }
 
+// A field's text, drawn only when there is some.
+void DrawFieldText(SDL_Renderer* renderer, std::string const& text, SDL_Rect const& rect) {
+    if (!text.empty()) {
+        DrawTextIn(renderer, text, rect, 8, 9);
+    }
+}
+
 void RenderHddCreateTexts(SDL_Renderer* renderer, HddCreateDialogState const& state,
                           HddCreateDialogLayout const& l) {
-    DrawTextIn(renderer, state.size_text, l.size_field, 8, 9);
-    DrawTextIn(renderer, state.file_name_text, l.file_name_field, 8, 9);
-    DrawTextIn(renderer, zorvane::utils::ellipsize_left(state.folder_text, 58), l.folder_field, 8,
-               9);
+    DrawFieldText(renderer, state.size_text, l.size_field);
+    DrawFieldText(renderer, state.file_name_text, l.file_name_field);
+    DrawFieldText(renderer, zorvane::utils::ellipsize_left(state.folder_text, 58), l.folder_field);
     DrawTextIn(renderer, "Choose", l.choose_button, 13, 9);
     DrawTextIn(renderer, "Cancel", l.cancel_button, 23, 11);
     DrawTextIn(renderer, "Create", l.create_button, 31, 11);
     DrawHddCreateDialogText(renderer, "Will be saved as:", 20, 258, kColFormTextSecondary);
     std::string const preview = zorvane::utils::ellipsize_left(
         BuildHddCreateTargetPath(state.folder_text, state.file_name_text), 95);
-    DrawHddCreateDialogText(renderer, preview.c_str(), 20, 280, kPreviewPathColor);
+    if (!preview.empty()) {
+        DrawHddCreateDialogText(renderer, preview.c_str(), 20, 280, kPreviewPathColor);
+    }
 }
 
 void RenderHddCreateDialogFrame(HddCreateDialogState const& state, SDL_Window* /*window*/,
@@ -69,9 +77,11 @@ void RenderHddCreateDialog(SDL_Renderer* renderer, HddCreateDialogState const& s
     DrawHddCreateDialogText(renderer, "Folder:", 20, 200, kColFormText);
     FillAndOutline(renderer, {&l.size_field, &l.file_name_field, &l.folder_field},
                    kColFormFieldFill, kColFormFieldOutline);
-    SetDrawColor(renderer, kColFormFocusOutline);
-    SDL_RenderDrawRect(renderer,
-                       state.focused_field == kHddFieldSize ? &l.size_field : &l.file_name_field);
+    if (state.focused_field == kHddFieldSize) {
+        OutlineRect(renderer, l.size_field, kColFormFocusOutline);
+    } else if (state.focused_field == kHddFieldFileName) {
+        OutlineRect(renderer, l.file_name_field, kColFormFocusOutline);
+    }
     FillAndOutline(renderer, {&l.choose_button, &l.cancel_button, &l.create_button},
                    kColFormButtonFill, kColFormButtonOutline);
     RenderHddCreateTexts(renderer, state, l);
