@@ -209,6 +209,8 @@ TEST_F(ShaderDialog, FrameAndWheelThatScrollsAndStepsTheRowUnderThePointer) {
     ASSERT_EQ(created.size(), 1u);
     EXPECT_EQ(created[0].text, "Shader Parameters");
     EXPECT_EQ(created[0].args.back(), SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE);
+    EXPECT_EQ(ztest::RecordedCalls("SDL_CreateRenderer").at(0).args.at(1), SDL_RENDERER_SOFTWARE);
+    EXPECT_EQ(ztest::RecordedCalls("SDL_Delay").at(0).args.at(0), 12);
     // clang-format off
     ExpectColors(f, {{880, 10, kHeader}, {100, 30, kHeader}, {100, 96, kClear}, {875, 120, kClear},
                      {12, 120, kCardLine}, {869, 120, kCardLine}, {200, 173, kCardLine}, {200, 160, kCard},
