@@ -81,6 +81,7 @@ TEST_F(AboutDialog, SizedByItsContentLinksOpenOnThePressAndEachWayOutCloses) {
         ASSERT_EQ(created.size(), 1u);
         EXPECT_EQ(created[0].text, "About Zorvane");
         EXPECT_EQ(created[0].args, (std::vector<long long>{180, 180, 860, 597, SDL_WINDOW_HIDDEN}));
+        EXPECT_EQ(ztest::RecordedCalls("SDL_Delay").at(0).args.at(0), 12);
         EXPECT_TRUE(before_presses.empty());
         EXPECT_EQ(OpenedUrls(), (std::vector<std::string>{kAboutVideoUrl, kAboutHomepageUrl}));
         EXPECT_EQ(ztest::RecordedCalls("SDL_RaiseWindow").back().object, parent);
