@@ -6,6 +6,7 @@
 #include "frame/ui_fonts.h"
 #include "pickers/picker_dialog.h"
 #include "pickers/picker_entries.h"
+#include "pickers/picker_text.h"
 #include "support/dialog_checks.h"
 #include "support/dialog_script.h"
 #include "support/temp_dir.h"
@@ -73,6 +74,15 @@ TEST(PickerEntries, ParentThenSortedDirectoriesThenAcceptedFiles) {
                   LabelShaderPickerEntry(entries[0]) + LabelFontPickerEntry(entries[3]),
               "[OTF] A.OTF[TTF] x.GLSLP[SHD] A.OTF[PST] x.GLSLP[IMG] A.img[DIR] A.img[DIR] ..[DIR] "
               "music.img");
+    std::string kinds;  // S: a shader file, F: a font file, -: neither
+    for (char const* name : {"a.glsl", "a.GLSLP", "a.frag", "a.Vert", "a.fs", "a.vs", "a.TTF",
+                             "a.otf", "a.glsl~", ".ttf", "a.ttc", "fs"}) {
+        kinds += IsShaderPickerEntry(name) ? 'S' : IsFontPickerEntry(name) ? 'F' : '-';
+    }
+    EXPECT_EQ(kinds, "SSSSSSFF----");
+    EXPECT_EQ(ExtLower("dir/SHADER.GLSLP") + "|" + ExtLower("dir.d/noext") + "|" +
+                  ExtLower("a.b.FRAG") + "|" + TrimStr(" \t\v\fa b\r\n") + "|" + TrimStr("   "),
+              ".glslp||.frag|a b|");
 }
 
 fs::path g_vanishing;
