@@ -155,19 +155,35 @@ TEST_F(SettingsDialog, FrameNavigationAndTheNestedFontPicker) {
     script.Then(kApply).Then([](Script& s) { s.Key(SDLK_ESCAPE); });
     ShowSettingsDialog(nullptr, 2.0f, start, Record());
     EXPECT_FALSE(script.timed_out());
-    EXPECT_EQ(ztest::RecordedCalls("SDL_CreateWindow").at(1).text, "Select TTF Font");
+    auto const created = ztest::RecordedCalls("SDL_CreateWindow");
+    long long const centred = SDL_WINDOWPOS_CENTERED;
+    EXPECT_EQ(created.at(0).text + " " + created.at(1).text, "Settings Select TTF Font");
+    EXPECT_EQ(created.at(0).args,
+              (std::vector<long long>{centred + 60, centred + 50, 820, 492, SDL_WINDOW_HIDDEN}));
+    EXPECT_EQ(ztest::RecordedCalls("SDL_Delay").back().args[0], 12);
     ASSERT_EQ(applied.size(), 1u);
     EXPECT_EQ(applied[0].custom_font_path, chosen);
 
-    // Opened on "Font Mode" with "ttf-custom" selected: the frame's fixed parts.
+    // Opened on "Font Mode" with "ttf-custom" selected: the frame's fixed parts, the Browse
+    // button's corner and a point of an unselected ring among them.
+    // clang-format off
     std::pair<SDL_Point, char const*> const pixels[] = {
         {{0, 0}, kNavBg},       {{200, 11}, "20,23,30"},    {{200, 41}, kNavActive},
         {{1, 41}, kAccent},     {{224, 0}, kTrack},         {{224, 435}, kTrack},
         {{225, 0}, "18,21,27"}, {{255, y0 + 119}, kAccent}, {{0, 436}, kTrack},
-        {{5, 480}, "22,25,32"}, {{720, 451}, "48,54,68"},   {{713, y0 + 145}, "48,54,68"}};
+        {{5, 480}, "22,25,32"}, {{720, 451}, "48,54,68"},   {{713, y0 + 145}, "48,54,68"},
+        {{712, y0 + 144}, "84,92,108"}, {{263, y0 + 17}, "100,108,122"}};
+    // clang-format on
     for (auto const& [p, color] : pixels) {
         EXPECT_EQ(Rgb(shown[0].At(p.x, p.y)), color) << p.x << "," << p.y;
     }
+    std::string nav;
+    for (NavItem const& item : BuildSettingsNavItems()) {
+        nav += item.label + (item.kind == 0 ? "|" : ":" + std::to_string(item.panel_id) + "|");
+    }
+    EXPECT_EQ(nav,
+              "Display|Font Mode:0|Target FPS:1|Renderer:2|Screenshots:7|Input|Mouse Capture:6|"
+              "Performance|CPU Speed:3|Verbosity|Logger Options:4|Audio|HDD Sounds:5|");
     for (int row : rows) {
         int const active = row == 11 ? 12 : row;
         EXPECT_EQ(Rgb(shown[row].At(200, 10 + 30 * active + 1)), kNavActive) << row;
