@@ -326,6 +326,8 @@ TEST_F(PickerDialog, EachPickerOpensWithItsTextsSizesAndStart) {
         bool const d = c.kind == 'd';
         long long const at = 0x2FFF0000 + 60, w = d ? 780 : 760, h = d ? 540 : 520;
         EXPECT_EQ(created[0].args, (std::vector<long long>{at, at, w, h, c.flags}));
+        EXPECT_EQ(ztest::RecordedCalls("SDL_CreateRenderer").at(0).args.at(1),
+                  SDL_RENDERER_ACCELERATED);
         SDL_Rect const a = d ? SDL_Rect{676, 498, 86, 34} : SDL_Rect{672, 482, 70, 30};
         EXPECT_TRUE(HasColor(f, a.x, a.y, kButton));
         EXPECT_TRUE(HasColor(f, a.x + a.w - 1, a.y + a.h - 1, kButton));

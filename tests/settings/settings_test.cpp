@@ -160,6 +160,7 @@ TEST_F(SettingsDialog, FrameNavigationAndTheNestedFontPicker) {
     EXPECT_EQ(created.at(0).text + " " + created.at(1).text, "Settings Select TTF Font");
     EXPECT_EQ(created.at(0).args,
               (std::vector<long long>{centred + 60, centred + 50, 820, 492, SDL_WINDOW_HIDDEN}));
+    EXPECT_EQ(ztest::RecordedCalls("SDL_CreateRenderer").at(0).args.at(1), SDL_RENDERER_SOFTWARE);
     EXPECT_EQ(ztest::RecordedCalls("SDL_Delay").back().args[0], 12);
     ASSERT_EQ(applied.size(), 1u);
     EXPECT_EQ(applied[0].custom_font_path, chosen);
