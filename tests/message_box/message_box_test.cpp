@@ -3,6 +3,7 @@
 #include "gui/message_box.h"
 
 #include "message_box/message_box_internal.h"
+#include "support/dialog_checks.h"
 #include "support/dialog_script.h"
 #include "support/test_display.h"
 
@@ -14,6 +15,7 @@ namespace {
 
 using namespace zorvane::frontend::gui;
 using Type = SdlMessageBox::Type;
+using ztest::HasColor;
 
 constexpr SDL_Color kBackground{18, 21, 27, 255};
 constexpr SDL_Color kOutline{52, 58, 70, 255};
@@ -22,16 +24,6 @@ constexpr SDL_Color kFooter{22, 25, 32, 255};
 constexpr SDL_Color kTile{20, 23, 30, 255};
 constexpr SDL_Color kButton{48, 54, 68, 255};
 constexpr SDL_Color kButtonHover{68, 76, 92, 255};
-
-testing::AssertionResult HasColor(ztest::Frame const& frame, int x, int y, SDL_Color want) {
-    SDL_Color const got = frame.At(x, y);
-    if (got.r == want.r && got.g == want.g && got.b == want.b) {
-        return testing::AssertionSuccess();
-    }
-    return testing::AssertionFailure()
-           << "at " << x << "," << y << ": got " << int(got.r) << "," << int(got.g) << ","
-           << int(got.b) << " want " << int(want.r) << "," << int(want.g) << "," << int(want.b);
-}
 
 SdlMessageBox::Config TwoButtonConfig(Type type) {
     SdlMessageBox::Config config;
@@ -258,12 +250,8 @@ TEST_F(MessageBox, FailuresReturnMinusOneAndReleaseEverything) {
         void (*inject)();
     };
     Case const cases[] = {
-        {"no window", [] { ztest::Faults().fail_window_creation = true; }},
-        {"no renderer",
-         [] {
-             ztest::Faults().fail_accelerated_renderer = true;
-             ztest::Faults().fail_software_renderer = true;
-         }},
+        {"no window", [] { ztest::FailWindowOrRenderer(true); }},
+        {"no renderer", [] { ztest::FailWindowOrRenderer(false); }},
         {"no font",
          [] { ztest::Faults().allow_font_path = [](std::string const&) { return false; }; }},
     };
