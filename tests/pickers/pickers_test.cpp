@@ -76,6 +76,8 @@ TEST(PickerEntries, ParentThenSortedDirectoriesThenAcceptedFiles) {
         kinds += IsShaderPickerEntry(name) ? 'S' : IsFontPickerEntry(name) ? 'F' : '-';
     }
     EXPECT_EQ(kinds, "SSSSSSFF-----");
+    EXPECT_EQ(ExtLower("dir.d/A.B.GLSLP") + "|" + TrimStr(" \t\v\fa b\r\n") + "|" + TrimStr("   "),
+              ".glslp|a b|");
 }
 
 fs::path g_vanishing;
