@@ -25,7 +25,7 @@ public:
         }
         ConsoleReporter::ReportRuns(runs);
     }
-    std::map<std::string, double> ns_per_iteration;
+    NsPerIteration ns_per_iteration;
 };
 
 }  // namespace
@@ -51,28 +51,50 @@ void ClearAndPresent(SDL_Renderer* renderer) {
     SDL_RenderPresent(renderer);
 }
 
-int RunWithRatios(int argc, char** argv,
-                  std::vector<std::pair<std::string, std::string>> const& case_and_floor) {
+bool StartSdlVideo() {
     setenv("SDL_VIDEODRIVER", "dummy", 0);
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
-        return 1;
+        return false;
     }
-    benchmark::Initialize(&argc, argv);
-    RecordingReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    for (auto const& [name, floor] : case_and_floor) {
-        auto const c = reporter.ns_per_iteration.find(name);
-        auto const f = reporter.ns_per_iteration.find(floor);
-        if (c != reporter.ns_per_iteration.end() && f != reporter.ns_per_iteration.end() &&
-            f->second > 0.0) {
-            std::printf("ratio %s / %s = %.2f\n", name.c_str(), floor.c_str(),
-                        c->second / f->second);
-        }
-    }
-    benchmark::Shutdown();
+    return true;
+}
+
+void StopSdlVideo() {
     zorvane::frontend::gui::ShutdownSdlUiCachedFonts();
     SDL_Quit();
+}
+
+NsPerIteration RunRecordedBenchmarks(int* argc, char** argv) {
+    benchmark::Initialize(argc, argv);
+    RecordingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    return reporter.ns_per_iteration;
+}
+
+double RatioOf(NsPerIteration const& times, std::string const& name, std::string const& floor) {
+    auto const c = times.find(name);
+    auto const f = times.find(floor);
+    if (c == times.end() || f == times.end() || f->second <= 0.0) {
+        return -1.0;
+    }
+    return c->second / f->second;
+}
+
+int RunWithRatios(int argc, char** argv,
+                  std::vector<std::pair<std::string, std::string>> const& case_and_floor) {
+    if (!StartSdlVideo()) {
+        return 1;
+    }
+    NsPerIteration const times = RunRecordedBenchmarks(&argc, argv);
+    for (auto const& [name, floor] : case_and_floor) {
+        double const ratio = RatioOf(times, name, floor);
+        if (ratio >= 0.0) {
+            std::printf("ratio %s / %s = %.2f\n", name.c_str(), floor.c_str(), ratio);
+        }
+    }
+    StopSdlVideo();
     return 0;
 }
 

@@ -6,6 +6,7 @@
 #include <SDL.h>
 #include <benchmark/benchmark.h>
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,6 +31,23 @@ private:
 
 // Clears and presents `renderer`: the least that any dialog turn costs.
 void ClearAndPresent(SDL_Renderer* renderer);
+
+// Starts SDL video, on the dummy driver unless SDL_VIDEODRIVER names another one.
+// Prints SDL's error and returns false when it cannot start.
+bool StartSdlVideo();
+
+// Closes the dialogs' cached fonts, then stops SDL.
+void StopSdlVideo();
+
+// Time per iteration in nanoseconds, by benchmark name.
+using NsPerIteration = std::map<std::string, double>;
+
+// Hands `argc` and `argv` to Google Benchmark, runs the registered benchmarks with
+// the console reporter and returns what each one measured.
+NsPerIteration RunRecordedBenchmarks(int* argc, char** argv);
+
+// `times[name] / times[floor]`, or a negative value when either is missing.
+double RatioOf(NsPerIteration const& times, std::string const& name, std::string const& floor);
 
 // Runs the registered benchmarks, then prints "case / floor" for each pair, by the
 // benchmark names given. Starts SDL video on the dummy driver first.
