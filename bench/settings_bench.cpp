@@ -2,7 +2,7 @@
 // the floor of a clear and present of the 820 x 492 window, on the software
 // renderer; the same frames without fonts show what text drawing costs.
 #include "bench_support.h"
-#include "frame/draw.h"
+#include "dialog_frames.h"
 #include "settings/settings_internal.h"
 
 #include <string>
@@ -14,28 +14,6 @@ using namespace zorvane::frontend::gui;
 constexpr int kWidth = 820;
 constexpr int kHeight = 492;
 constexpr int kPanels[] = {0, 1, 2, 7, 3, 4, 5, 6};
-
-// The drawing of one dialog turn, with the pointer over the panel's first control.
-void DrawSettingsFrame(SDL_Renderer* renderer, TTF_Font* title_font, TTF_Font* body_font,
-                       std::vector<NavItem> const& items, SettingsDialogValues const& values,
-                       int panel) {
-    SettingsDialogButtons const buttons = BuildSettingsDialogButtons();
-    SDL_SetRenderDrawColor(renderer, 18, 21, 27, 255);
-    SDL_RenderClear(renderer);
-    DrawLeftPanel(renderer, title_font, body_font, items, panel, 300, 100);
-    FillRect(renderer, {225, 0, 595, 436}, {18, 21, 27, 255});
-    RightPanelContext context;
-    context.renderer = renderer;
-    context.title_font = title_font;
-    context.body_font = body_font;
-    context.active_panel = panel;
-    context.mouse_x = 300;
-    context.mouse_y = 100;
-    context.values = &values;
-    benchmark::DoNotOptimize(DrawRightPanel(context));
-    DrawBottomBar(renderer, body_font, buttons.cancel, buttons.apply, 300, 100);
-    SDL_RenderPresent(renderer);
-}
 
 void BM_ClearPresentFloor(benchmark::State& state) {
     zbench::SoftwareWindow window(kWidth, kHeight);
@@ -50,13 +28,12 @@ void RunSettingsFrames(benchmark::State& state, bool with_text) {
     SdlUiFontHandle const title = OpenSdlUiFontHandle(15, true, kSemiBold);
     SdlUiFontHandle const body = OpenSdlUiFontHandle(15, false, kSemiBold);
     std::vector<NavItem> const items = BuildSettingsNavItems();
-    SettingsDialogValues values;
-    values.font_mode = "ttf-custom";
-    values.custom_font_path = "data/ttf/IBMPlexSans-Regular.ttf";
+    SettingsDialogValues const values = zbench::ReportSettingsValues();
     for (auto _ : state) {
-        DrawSettingsFrame(window.renderer(), with_text ? title.get() : nullptr,
-                          with_text ? body.get() : nullptr, items, values,
-                          static_cast<int>(state.range(0)));
+        // The pointer over the panel's first control.
+        zbench::DrawSettingsFrame(window.renderer(), with_text ? title.get() : nullptr,
+                                  with_text ? body.get() : nullptr, items, values,
+                                  static_cast<int>(state.range(0)), 300, 100);
     }
 }
 
