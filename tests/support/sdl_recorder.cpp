@@ -24,6 +24,7 @@ struct RecorderState {
     std::set<void const*> fonts;
     std::vector<SDL_Window*> window_stack;
     std::map<Uint32, Frame> frames;
+    std::map<std::string, int, std::less<>> creations;
 };
 
 RecorderState& State() {
@@ -49,6 +50,14 @@ void Track(std::set<void const*>& live, void const* object) {
         std::lock_guard<std::mutex> lock(State().mutex);
         live.insert(object);
     }
+}
+
+// Counts one call of the creation entry point `name`; true when it is the one to fail.
+bool FailCreation(char const* name) {
+    auto& s = State();
+    std::lock_guard<std::mutex> lock(s.mutex);
+    int const number = ++s.creations[name];
+    return s.faults.fail_nth == number && s.faults.fail_call == name;
 }
 
 template <typename Fn>
@@ -100,6 +109,7 @@ void ResetRecorder() {
     s.faults = SdlFaults{};
     s.pointer = ScriptedPointer{};
     s.frames.clear();
+    s.creations.clear();
 }
 
 SdlFaults& Faults() {
@@ -131,6 +141,13 @@ std::vector<std::string> RecordedCallNames() {
         names.push_back(call.name);
     }
     return names;
+}
+
+int CountCreations(std::string_view name) {
+    auto& s = State();
+    std::lock_guard<std::mutex> lock(s.mutex);
+    auto const it = s.creations.find(name);
+    return it == s.creations.end() ? 0 : it->second;
 }
 
 int CountCalls(std::string_view name) {
@@ -190,7 +207,7 @@ ZTEST_RECORD_WINDOW_CALL(void, SDL_ShowWindow, (SDL_Window * window), (window), 
 SDL_Window* SDL_CreateWindow(char const* title, int x, int y, int w, int h, Uint32 flags) {
     ZTEST_REAL(SDL_CreateWindow);
     Record("SDL_CreateWindow", title != nullptr ? title : "", {x, y, w, h, flags});
-    if (Faults().fail_window_creation) {
+    if (ztest::FailCreation("SDL_CreateWindow") || Faults().fail_window_creation) {
         return nullptr;
     }
     SDL_Window* window = real(title, x, y, w, h, flags);
@@ -220,7 +237,8 @@ SDL_Renderer* SDL_CreateRenderer(SDL_Window* window, int index, Uint32 flags) {
     Record("SDL_CreateRenderer", {}, {index, flags}, window);
     bool const accelerated = (flags & SDL_RENDERER_ACCELERATED) != 0;
     bool const software = (flags & SDL_RENDERER_SOFTWARE) != 0;
-    if ((accelerated && Faults().fail_accelerated_renderer) ||
+    if (ztest::FailCreation("SDL_CreateRenderer") ||
+        (accelerated && Faults().fail_accelerated_renderer) ||
         (software && Faults().fail_software_renderer)) {
         return nullptr;
     }
@@ -287,6 +305,9 @@ int SDL_ShowSimpleMessageBox(Uint32 flags, char const* title, char const* messag
 
 SDL_Texture* SDL_CreateTextureFromSurface(SDL_Renderer* renderer, SDL_Surface* surface) {
     ZTEST_REAL(SDL_CreateTextureFromSurface);
+    if (ztest::FailCreation("SDL_CreateTextureFromSurface")) {
+        return nullptr;
+    }
     SDL_Texture* texture = real(renderer, surface);
     ztest::Track(State().textures, texture);
     return texture;
@@ -323,7 +344,8 @@ TTF_Font* TTF_OpenFont(char const* file, int ptsize) {
     ZTEST_REAL(TTF_OpenFont);
     std::string const path = file != nullptr ? file : "";
     TTF_Font* font = nullptr;
-    if (!Faults().allow_font_path || Faults().allow_font_path(path)) {
+    bool const fail = ztest::FailCreation("TTF_OpenFont");
+    if (!fail && (!Faults().allow_font_path || Faults().allow_font_path(path))) {
         font = real(file, ptsize);
     }
     // The second argument tells whether the font opened.
@@ -342,6 +364,9 @@ void TTF_CloseFont(TTF_Font* font) {
 
 SDL_Surface* TTF_RenderUTF8_Blended(TTF_Font* font, char const* text, SDL_Color fg) {
     ZTEST_REAL(TTF_RenderUTF8_Blended);
+    if (ztest::FailCreation("TTF_RenderUTF8_Blended")) {
+        return nullptr;
+    }
     SDL_Surface* surface = real(font, text, fg);
     ztest::Track(State().surfaces, surface);
     return surface;

@@ -45,6 +45,11 @@ struct SdlFaults {
     bool fail_open_url = false;  // SDL_OpenURL reports failure (it never opens anything)
     // When set, TTF_OpenFont fails at once for every path it refuses.
     std::function<bool(std::string const& path)> allow_font_path;
+    // The call number `fail_nth` (counted from 1 since the reset) of the creation
+    // entry point named `fail_call` fails: SDL_CreateWindow, SDL_CreateRenderer,
+    // SDL_CreateTextureFromSurface, TTF_OpenFont or TTF_RenderUTF8_Blended.
+    std::string fail_call;
+    int fail_nth = 0;
 };
 
 // A pointer that the script places by hand, for video drivers that have no real
@@ -79,6 +84,9 @@ int CountCalls(std::string_view name);
 void ClearRecordedCalls();
 
 LiveObjects CountLiveObjects();
+
+// How often the creation entry point `name` was called since the reset.
+int CountCreations(std::string_view name);
 
 // The most recently created window that is still open, or null.
 SDL_Window* TopWindow();

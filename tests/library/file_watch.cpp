@@ -1,0 +1,171 @@
+// The file calls of the process, defined here so that they win over the C
+// library's for every caller, noted when they could change the disk and then
+// passed on through dlsym(RTLD_NEXT, ...).
+#include "file_watch.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <stdarg.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <cstring>
+#include <mutex>
+
+namespace ztest {
+namespace {
+
+std::atomic<bool> g_watching{false};
+std::mutex g_mutex;
+std::vector<std::string>& Noted() {
+    static std::vector<std::string> noted;
+    return noted;
+}
+
+void Note(char const* call, char const* path) {
+    if (!g_watching.load()) {
+        return;
+    }
+    std::lock_guard<std::mutex> lock(g_mutex);
+    Noted().push_back(std::string(call) + " " + (path != nullptr ? path : "(null)"));
+}
+
+bool Writes(int flags) {
+    return (flags & O_ACCMODE) != O_RDONLY || (flags & (O_CREAT | O_TRUNC)) != 0;
+}
+
+bool Writes(char const* mode) {
+    return mode != nullptr && std::strpbrk(mode, "wa+") != nullptr;
+}
+
+template <typename Fn>
+Fn Next(char const* name) {
+    void* symbol = dlsym(RTLD_NEXT, name);
+    if (symbol == nullptr) {
+        std::abort();
+    }
+    return reinterpret_cast<Fn>(symbol);
+}
+
+// O_CREAT and O_TMPFILE are the flags that carry a mode.
+mode_t ModeOf(int flags, va_list args) {
+    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? static_cast<mode_t>(va_arg(args, unsigned)) : 0;
+}
+
+}  // namespace
+
+FileWriteWatch::FileWriteWatch() {
+    std::lock_guard<std::mutex> lock(g_mutex);
+    Noted().clear();
+    g_watching = true;
+}
+
+FileWriteWatch::~FileWriteWatch() {
+    g_watching = false;
+}
+
+std::vector<std::string> FileWriteWatch::Writes() const {
+    std::lock_guard<std::mutex> lock(g_mutex);
+    return Noted();
+}
+
+}  // namespace ztest
+
+using ztest::Next;
+using ztest::Note;
+
+extern "C" {
+
+#define ZTEST_OPEN(name)                                                      \
+    int name(char const* path, int flags, ...) {                              \
+        static auto const next = Next<int (*)(char const*, int, ...)>(#name); \
+        va_list args;                                                         \
+        va_start(args, flags);                                                \
+        mode_t const mode = ztest::ModeOf(flags, args);                       \
+        va_end(args);                                                         \
+        if (ztest::Writes(flags)) {                                           \
+            Note(#name, path);                                                \
+        }                                                                     \
+        return next(path, flags, mode);                                       \
+    }
+ZTEST_OPEN(open)
+ZTEST_OPEN(open64)
+
+#define ZTEST_OPENAT(name)                                                         \
+    int name(int dir, char const* path, int flags, ...) {                          \
+        static auto const next = Next<int (*)(int, char const*, int, ...)>(#name); \
+        va_list args;                                                              \
+        va_start(args, flags);                                                     \
+        mode_t const mode = ztest::ModeOf(flags, args);                            \
+        va_end(args);                                                              \
+        if (ztest::Writes(flags)) {                                                \
+            Note(#name, path);                                                     \
+        }                                                                          \
+        return next(dir, path, flags, mode);                                       \
+    }
+ZTEST_OPENAT(openat)
+ZTEST_OPENAT(openat64)
+
+#define ZTEST_FOPEN(name)                                                          \
+    FILE* name(char const* path, char const* mode) {                               \
+        static auto const next = Next<FILE* (*)(char const*, char const*)>(#name); \
+        if (ztest::Writes(mode)) {                                                 \
+            Note(#name, path);                                                     \
+        }                                                                          \
+        return next(path, mode);                                                   \
+    }
+ZTEST_FOPEN(fopen)
+ZTEST_FOPEN(fopen64)
+
+int rename(char const* from, char const* to) noexcept {
+    static auto const next = Next<int (*)(char const*, char const*)>("rename");
+    Note("rename", from);
+    return next(from, to);
+}
+
+int renameat(int from_dir, char const* from, int to_dir, char const* to) noexcept {
+    static auto const next = Next<int (*)(int, char const*, int, char const*)>("renameat");
+    Note("renameat", from);
+    return next(from_dir, from, to_dir, to);
+}
+
+int remove(char const* path) noexcept {
+    static auto const next = Next<int (*)(char const*)>("remove");
+    Note("remove", path);
+    return next(path);
+}
+
+int unlink(char const* path) noexcept {
+    static auto const next = Next<int (*)(char const*)>("unlink");
+    Note("unlink", path);
+    return next(path);
+}
+
+int unlinkat(int dir, char const* path, int flags) noexcept {
+    static auto const next = Next<int (*)(int, char const*, int)>("unlinkat");
+    Note("unlinkat", path);
+    return next(dir, path, flags);
+}
+
+int rmdir(char const* path) noexcept {
+    static auto const next = Next<int (*)(char const*)>("rmdir");
+    Note("rmdir", path);
+    return next(path);
+}
+
+int mkdir(char const* path, mode_t mode) noexcept {
+    static auto const next = Next<int (*)(char const*, mode_t)>("mkdir");
+    Note("mkdir", path);
+    return next(path, mode);
+}
+
+int mkdirat(int dir, char const* path, mode_t mode) noexcept {
+    static auto const next = Next<int (*)(int, char const*, mode_t)>("mkdirat");
+    Note("mkdirat", path);
+    return next(dir, path, mode);
+}
+
+}  // extern "C"
