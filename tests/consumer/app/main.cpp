@@ -1,0 +1,42 @@
+// A host in miniature, built against an installed copy of the library: one message
+// box, closed by an Escape that the heartbeat sends on its third beat.
+#include <gui/frame.h>
+#include <gui/message_box.h>
+
+#include <SDL.h>
+
+#include <cstdio>
+
+namespace gui = zorvane::frontend::gui;
+
+int main(int /*argc*/, char* /*argv*/[]) {
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
+        return 1;
+    }
+    int beats = 0;
+    gui::SetModalDialogHeartbeat([&beats] {
+        if (++beats == 3) {
+            SDL_Event escape{};
+            escape.type = SDL_KEYDOWN;
+            escape.key.keysym.sym = SDLK_ESCAPE;
+            SDL_PushEvent(&escape);
+        }
+    });
+
+    gui::SdlMessageBox::Config config;
+    config.title = "Installed";
+    config.message = "The host reached the dialog library through its package.";
+    config.buttons = {{1, "OK", true, false, {}}, {2, "Cancel", false, true, {}}};
+    int const chosen = gui::SdlMessageBox(config).Show(nullptr, 1.0f);
+
+    gui::SetModalDialogHeartbeat({});
+    gui::ShutdownSdlUiCachedFonts();
+    SDL_Quit();
+    if (chosen != 2 || beats < 3) {
+        // -1 with no beats: no window, renderer or UI font could be had.
+        std::fprintf(stderr, "Show returned %d after %d beats, wanted 2 after 3\n", chosen, beats);
+        return 1;
+    }
+    return 0;
+}
