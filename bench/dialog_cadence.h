@@ -1,0 +1,35 @@
+// The timed run of an open dialog: the heartbeat's cadence and the share of one core
+// that the dialog takes while it sits idle.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+namespace zbench {
+
+// How long the idle stretch lasts: it starts at beat `warmup_beats`, after the first
+// frames, and ends at the first beat that is at least `min_beats` beats and
+// `min_seconds` seconds later, which pushes SDL_QUIT. The first beat is beat 1.
+struct IdleStretch {
+    int warmup_beats = 10;
+    int min_beats = 200;
+    double min_seconds = 2.0;
+};
+
+struct IdleDialogRun {
+    bool completed = false;            // the stretch ran to its end
+    std::vector<double> intervals_ms;  // between two beats of the stretch
+    double cpu_share = 0.0;            // user and system time over wall time
+    double wall_seconds = 0.0;
+    int beats_after_quit = 0;  // turns that the dialog took after SDL_QUIT was pushed
+};
+
+// Runs `show`, which opens a dialog and blocks until it closes, with a heartbeat that
+// times every beat, and ends the dialog through SDL_QUIT after the stretch. No other
+// event is pushed. The heartbeat is cleared again before this returns.
+IdleDialogRun RunIdleDialog(std::function<void()> const& show, IdleStretch const& stretch);
+
+// The value below which `fraction` of `values` lie (nearest rank); 0 when empty.
+double Percentile(std::vector<double> values, double fraction);
+
+}  // namespace zbench
