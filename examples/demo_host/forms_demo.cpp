@@ -2,12 +2,11 @@
 // really writes the host's frame, the disk image is only described.
 #include "forms_demo.h"
 
-#include <SDL_image.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <memory>
 
+#include "capture_files.h"
 #include "gui/about.h"
 #include "gui/hdd_image.h"
 #include "gui/screenshot.h"
@@ -34,19 +33,6 @@ SurfaceHandle GrabFrame(SDL_Renderer* renderer) {
     return frame;
 }
 
-int WriteImage(SDL_Surface* frame, std::string const& path,
-               gui::ScreenshotSaveDialogResult const& r) {
-    switch (r.format) {
-        case gui::ScreenshotSaveFormat::Jpeg:
-            return IMG_SaveJPG(frame, path.c_str(), r.jpeg_quality);
-        case gui::ScreenshotSaveFormat::Bmp:
-            return SDL_SaveBMP(frame, path.c_str());  // a true-colour frame has no RLE form
-        case gui::ScreenshotSaveFormat::Png:
-        default:
-            return IMG_SavePNG(frame, path.c_str());  // SDL2_image picks its own level
-    }
-}
-
 }  // namespace
 
 void SaveHostScreenshot(SDL_Window* host_window, SDL_Renderer* host_renderer,
@@ -60,13 +46,14 @@ void SaveHostScreenshot(SDL_Window* host_window, SDL_Renderer* host_renderer,
     }
     std::string const path =
         (std::filesystem::u8path(r.folder) / std::filesystem::u8path(r.file_name)).u8string();
-    if (!frame || WriteImage(frame.get(), path, r) != 0) {
-        std::printf("screenshot: cannot write %s: %s\n", path.c_str(), SDL_GetError());
-        return;
+    std::string how;
+    if (!frame) {
+        std::printf("screenshot: cannot read the frame: %s\n", SDL_GetError());
+    } else if (!WriteCapture(frame.get(), path, r, how)) {
+        std::printf("screenshot %s\n", how.c_str());
+    } else {
+        std::printf("screenshot saved as %s (%s)\n", path.c_str(), how.c_str());
     }
-    std::printf("screenshot saved as %s (%s, JPEG quality %d, PNG level %d, BMP RLE %s)\n",
-                path.c_str(), gui::ScreenshotSaveFormatExtension(r.format), r.jpeg_quality,
-                r.png_compression, r.bmp_rle ? "on" : "off");
 }
 
 void AskForDiskImage(SDL_Window* host_window) {
