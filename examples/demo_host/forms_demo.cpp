@@ -2,7 +2,6 @@
 // really writes the host's frame, the disk image is only described.
 #include "forms_demo.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 
@@ -14,8 +13,6 @@
 namespace demo {
 
 namespace {
-
-namespace gui = zorvane::frontend::gui;
 
 using SurfaceHandle = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
 
@@ -35,41 +32,45 @@ SurfaceHandle GrabFrame(SDL_Renderer* renderer) {
 
 }  // namespace
 
-void SaveHostScreenshot(SDL_Window* host_window, SDL_Renderer* host_renderer,
-                        std::string const& default_folder) {
-    SurfaceHandle const frame = GrabFrame(host_renderer);
+void SaveHostScreenshot(Host& host) {
+    SurfaceHandle const frame = GrabFrame(host.renderer);
     gui::ScreenshotSaveDialogResult const r = gui::ShowScreenshotSaveDialog(
-        host_window, default_folder, "", gui::ScreenshotSaveFormat::Png, 90, 6, true);
+        host.window, host.capture_folder, "", gui::ScreenshotSaveFormat::Png, 90, 6, true);
     if (!r.accepted) {
-        std::printf("screenshot cancelled\n");
+        Tell(host, "screenshot cancelled");
         return;
     }
     std::string const path =
         (std::filesystem::u8path(r.folder) / std::filesystem::u8path(r.file_name)).u8string();
     std::string how;
     if (!frame) {
-        std::printf("screenshot: cannot read the frame: %s\n", SDL_GetError());
+        Tell(host, std::string("screenshot: cannot read the frame: ") + SDL_GetError());
     } else if (!WriteCapture(frame.get(), path, r, how)) {
-        std::printf("screenshot %s\n", how.c_str());
+        Tell(host, "screenshot " + how);
     } else {
-        std::printf("screenshot saved as %s (%s)\n", path.c_str(), how.c_str());
+        host.last_capture = path;
+        Tell(host, "screenshot saved as " + path + " (" + how + ")");
     }
 }
 
-void AskForDiskImage(SDL_Window* host_window) {
-    gui::HddCreateDialogResult const r = gui::ShowSimpleHddCreateDialog(host_window, "", 0);
+void AskForDiskImage(Host& host) {
+    gui::HddCreateDialogResult const r = gui::ShowSimpleHddCreateDialog(host.window, "", 0);
     if (!r.accepted) {
-        std::printf("disk image cancelled\n");
+        Tell(host, "disk image cancelled");
         return;
     }
-    std::printf("would create a %u MB disk image %s in %s\n", r.size_mb, r.file_name.c_str(),
-                r.folder.c_str());
+    std::string const path =
+        (std::filesystem::u8path(r.folder) / std::filesystem::u8path(r.file_name)).u8string();
+    // The geometry a host would give the image: 16 heads of 63 sectors of 512 bytes.
+    unsigned long long const bytes = static_cast<unsigned long long>(r.size_mb) << 20;
+    Tell(host, "would create " + path + ": " + std::to_string(bytes) + " bytes, " +
+                   std::to_string(bytes / (16 * 63 * 512)) + " cylinders of 16 heads, 63 sectors");
 }
 
-void ShowAbout(SDL_Window* host_window) {
-    gui::ShowSimpleAboutDialog(host_window, 1.0f);
-    std::printf("about closed (version %s, built %s)\n", zorvane::frontend::kProgramVersion,
-                zorvane::frontend::kProgramBuildDate);
+void ShowAbout(Host& host) {
+    gui::ShowSimpleAboutDialog(host.window, 1.0f);
+    Tell(host, std::string("about closed (version ") + zorvane::frontend::kProgramVersion +
+                   ", built " + zorvane::frontend::kProgramBuildDate + ")");
 }
 
 }  // namespace demo

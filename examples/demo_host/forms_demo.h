@@ -2,20 +2,17 @@
 // host does with each result.
 #pragma once
 
-#include <SDL.h>
-
-#include <string>
+#include "host_machine.h"
 
 namespace demo {
 
-// Grabs the host's current frame, asks where and how to save it, and writes it there
-// as PNG, JPEG or BMP. `default_folder` may be empty (the working directory).
-void SaveHostScreenshot(SDL_Window* host_window, SDL_Renderer* host_renderer,
-                        std::string const& default_folder);
+// Grabs the host's current frame, asks where and how to save it (starting at the
+// host's capture folder), and writes it there as PNG, JPEG or BMP.
+void SaveHostScreenshot(Host& host);
 
 // Asks for a new disk image and prints what the host would create; creates nothing.
-void AskForDiskImage(SDL_Window* host_window);
+void AskForDiskImage(Host& host);
 
-void ShowAbout(SDL_Window* host_window);
+void ShowAbout(Host& host);
 
 }  // namespace demo

@@ -1,48 +1,54 @@
 // The host's side of the pickers: each answer is a path as text, or nothing when the
-// user cancelled; the host only says what it would do with it.
+// user cancelled, and the host takes the path over into its own state.
 #include "pickers_demo.h"
-
-#include <cstdio>
-#include <string>
 
 #include "gui/pickers.h"
 
 namespace demo {
 
-namespace {
+void PickCaptureFolder(Host& host) {
+    gui::FolderPickerOptions options;
+    options.heading = "Folder for screenshots and captures";
+    options.start_directory = host.capture_folder;
+    std::string const folder = gui::ShowSimpleFolderPicker(host.window, options);
+    if (folder.empty()) {
+        Tell(host, "folder picker cancelled");
+        return;
+    }
+    host.capture_folder = folder;
+    Tell(host, "captures now go to " + folder);
+}
 
-namespace gui = zorvane::frontend::gui;
-
-void Report(char const* what, std::string const& path, char const* action) {
-    if (path.empty()) {
-        std::printf("%s picker cancelled\n", what);
+void PickFont(Host& host) {
+    std::string const font = gui::ShowSimpleTtfFilePicker(host.window, host.font_path);
+    if (font.empty()) {
+        Tell(host, "font picker cancelled");
+    } else if (UseHostFont(host, font)) {
+        Tell(host, "the screen now uses " + font);
     } else {
-        std::printf("%s picked: %s (%s)\n", what, path.c_str(), action);
+        Tell(host, "cannot open the font " + font + ": " + TTF_GetError());
     }
 }
 
-}  // namespace
-
-void PickCaptureFolder(SDL_Window* host_window) {
-    gui::FolderPickerOptions options;
-    options.heading = "Folder for screenshots and captures";
-    Report("folder", gui::ShowSimpleFolderPicker(host_window, options),
-           "captures would be saved there");
+void PickFloppy(Host& host) {
+    std::string const disk = gui::ShowSimpleFloppyFilePicker(host.window, host.drive_a);
+    if (disk.empty()) {
+        Tell(host, "floppy picker cancelled; drive A: unchanged");
+        return;
+    }
+    host.drive_a = disk;
+    Tell(host, "inserted " + disk + " into drive A:");
 }
 
-void PickFont(SDL_Window* host_window) {
-    Report("font", gui::ShowSimpleTtfFilePicker(host_window, ""),
-           "the text-mode screen would use it");
-}
-
-void PickFloppy(SDL_Window* host_window) {
-    Report("floppy", gui::ShowSimpleFloppyFilePicker(host_window, ""),
-           "it would be inserted into drive A:");
-}
-
-void PickShader(SDL_Window* host_window) {
-    Report("shader", gui::ShowSimpleShaderFilePicker(host_window, ""),
-           "it would be compiled for the display");
+void PickShader(Host& host) {
+    std::string const shader = gui::ShowSimpleShaderFilePicker(host.window, host.shader_path);
+    if (shader.empty()) {
+        Tell(host, "shader picker cancelled");
+        return;
+    }
+    host.shader_path = shader;
+    host.shader_values.clear();  // a new shader starts from its own values
+    Tell(host, "the display would now compile " + gui::ResolveShaderGlslPath(shader));
 }
 
 }  // namespace demo

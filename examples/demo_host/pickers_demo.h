@@ -1,17 +1,18 @@
-// The four pickers as the demo host uses them: what a host does with each answer.
+// The four pickers as the demo host uses them: where each one starts and what the
+// host does with the path picked.
 #pragma once
 
-#include <SDL.h>
+#include "host_machine.h"
 
 namespace demo {
 
-// A folder for the host's captures, starting in the working directory.
-void PickCaptureFolder(SDL_Window* host_window);
-// A UI font, starting in data/ttf when that folder exists.
-void PickFont(SDL_Window* host_window);
-// A floppy image for drive A:, starting in floppies/ when that folder exists.
-void PickFloppy(SDL_Window* host_window);
-// A shader or preset, starting in the working directory.
-void PickShader(SDL_Window* host_window);
+// A folder for captures, starting at the current one; screenshots default to it.
+void PickCaptureFolder(Host& host);
+// A font for the host's screen, starting at the current one; the screen uses it.
+void PickFont(Host& host);
+// A floppy image, starting at the one in drive A: (else floppies/); it is inserted.
+void PickFloppy(Host& host);
+// A shader or preset, starting at the current one; P then tunes its parameters.
+void PickShader(Host& host);
 
 }  // namespace demo

@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <string_view>
 
+#include "gui/shader_params.h"
+
 namespace demo {
 
 namespace {
-
-namespace gui = zorvane::frontend::gui;
 
 constexpr char kSamplePreset[] = "examples/shaders/crt_soft.glslp";
 
@@ -36,28 +36,29 @@ std::string ShaderPathFromArguments(int argc, char** argv) {
     return kSamplePreset;
 }
 
-void TuneShaderParameters(SDL_Window* host_window, std::string const& path,
-                          std::vector<gui::ShaderParameterValue>& values) {
+void TuneShaderParameters(Host& host) {
     // What a host can learn without the dialog: the shader behind the path and its
     // declared parameters.
+    std::string const& path = host.shader_path;
     std::vector<gui::ShaderParameterSpec> const specs = gui::ParseShaderParameterSpecs(path);
     std::printf("shader %s (file %s): %zu parameter(s)\n", path.c_str(),
                 gui::ResolveShaderGlslPath(path).c_str(), specs.size());
-    if (values.empty()) {
-        values = gui::ParseGlslpParameterOverrides(path);
-        PrintValues("preset values", values);
+    if (host.shader_values.empty()) {
+        host.shader_values = gui::ParseGlslpParameterOverrides(path);
+        PrintValues("preset values", host.shader_values);
     }
     int applies = 0;
     gui::ShaderDialogResult const result = gui::ShowShaderParameterDialog(
-        host_window, path, 1.0f,
-        [&values, &applies](std::vector<gui::ShaderParameterValue> const& applied) {
+        host.window, path, 1.0f,
+        [&host, &applies](std::vector<gui::ShaderParameterValue> const& applied) {
             ++applies;
-            values = applied;
+            host.shader_values = applied;
             PrintValues("shader parameters applied", applied);
         },
-        values);
-    std::printf("shader dialog closed, %s, after %d apply(s)\n",
-                result.accepted ? "accepted" : "not accepted", applies);
+        host.shader_values);
+    Tell(host, std::string("shader dialog closed, ") +
+                   (result.accepted ? "accepted" : "not accepted") + ", after " +
+                   std::to_string(applies) + " apply(s)");
 }
 
 }  // namespace demo

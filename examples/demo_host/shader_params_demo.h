@@ -2,12 +2,7 @@
 // what a host does with each Apply and with the final values.
 #pragma once
 
-#include "gui/shader_params.h"
-
-#include <SDL.h>
-
-#include <string>
-#include <vector>
+#include "host_machine.h"
 
 namespace demo {
 
@@ -15,10 +10,9 @@ namespace demo {
 // .glsl or .glslp), or else the sample preset that comes with the demo.
 std::string ShaderPathFromArguments(int argc, char** argv);
 
-// Opens the parameter dialog for `path`, starting from `values` (the host's current
-// parameters) or, while those are empty, from the preset's own values. Prints every
-// Apply and takes it over into `values`, as a host would hand it to its renderer.
-void TuneShaderParameters(SDL_Window* host_window, std::string const& path,
-                          std::vector<zorvane::frontend::gui::ShaderParameterValue>& values);
+// Opens the parameter dialog for the host's shader, starting from the host's current
+// values or, while those are empty, from the preset's own. Every Apply is printed
+// and taken over, as a host would hand it to its renderer.
+void TuneShaderParameters(Host& host);
 
 }  // namespace demo
