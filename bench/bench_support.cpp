@@ -1,6 +1,8 @@
 // SDL start-up, software windows and the ratio report of the benchmark programs.
 #include "bench_support.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -11,9 +13,12 @@ namespace zbench {
 
 namespace {
 
-// Keeps each run's time per iteration while the console reporter prints as usual.
+// Keeps each run's time per iteration while the console reporter prints as usual,
+// in colour on a terminal only, so that a log written to a file stays plain.
 class RecordingReporter : public benchmark::ConsoleReporter {
 public:
+    RecordingReporter() : ConsoleReporter(isatty(STDOUT_FILENO) != 0 ? OO_Defaults : OO_Tabular) {}
+
     void ReportRuns(std::vector<Run> const& runs) override {
         for (Run const& run : runs) {
             if (run.run_type == Run::RT_Iteration && run.iterations > 0) {

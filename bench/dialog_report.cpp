@@ -78,9 +78,12 @@ double LoadAverage() {
     return load;
 }
 
-void PrintHeader(double load_before) {
+void PrintHeader(double load_before, bool quick) {
     std::printf("\nDialog report (software renderer, dummy video driver; 1-minute load %.2f)\n",
                 load_before);
+    if (quick) {
+        std::printf("--quick: runs too short to compare; cold glyph caches weigh on the frames\n");
+    }
     std::printf("%-18s %9s %8s   %-34s %6s\n", "dialog", "frame ms", "x floor",
                 "heartbeat interval median / p99", "CPU");
 }
@@ -127,7 +130,7 @@ int RunReport(int argc, char** argv, bool quick) {
         runs.push_back(zbench::RunIdleDialog(dialog.show, stretch));
     }
 
-    PrintHeader(load_before);
+    PrintHeader(load_before, quick);
     bool ok = true;
     for (std::size_t i = 0; i < dialogs.size(); ++i) {
         PrintRow(dialogs[i], times, frames.at(dialogs[i].name), runs[i]);
