@@ -88,6 +88,17 @@ void PrintHeader(double load_before, bool quick) {
                 "heartbeat interval median / p99", "CPU");
 }
 
+// `value` in a column of `width` with `decimals`, or "-" when it was not measured.
+std::string Cell(double value, int width, int decimals) {
+    char text[32];
+    if (value < 0.0) {
+        std::snprintf(text, sizeof text, "%*s", width, "-");
+    } else {
+        std::snprintf(text, sizeof text, "%*.*f", width, decimals, value);
+    }
+    return text;
+}
+
 void PrintRow(ReportDialog const& dialog, zbench::NsPerIteration const& times,
               zbench::FrameCase const& frame, zbench::IdleDialogRun const& run) {
     auto const found = times.find(frame.frame);
@@ -97,8 +108,8 @@ void PrintRow(ReportDialog const& dialog, zbench::NsPerIteration const& times,
     std::snprintf(cadence, sizeof cadence, "%.1f / %.1f ms (delay %d ms)",
                   zbench::Percentile(run.intervals_ms, 0.5),
                   zbench::Percentile(run.intervals_ms, 0.99), dialog.delay_ms);
-    std::printf("%-18s %9.3f %8.1f   %-34s %5.1f%%\n", dialog.name.c_str(), frame_ms, ratio,
-                cadence, run.cpu_share * 100.0);
+    std::printf("%-18s %s %s   %-34s %5.1f%%\n", dialog.name.c_str(), Cell(frame_ms, 9, 3).c_str(),
+                Cell(ratio, 8, 1).c_str(), cadence, run.cpu_share * 100.0);
 }
 
 // Notes a dialog that did not run its stretch or that turned again after the quit.
