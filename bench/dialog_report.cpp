@@ -126,29 +126,41 @@ bool CheckRun(ReportDialog const& dialog, zbench::IdleDialogRun const& run) {
     return true;
 }
 
+std::vector<zbench::IdleDialogRun> RunIdleDialogs(std::vector<ReportDialog> const& dialogs,
+                                                  bool quick) {
+    zbench::IdleStretch const stretch =
+        quick ? zbench::IdleStretch{3, 10, 0.1} : zbench::IdleStretch{10, 200, 2.0};
+    std::vector<zbench::IdleDialogRun> runs;
+    for (ReportDialog const& dialog : dialogs) {
+        runs.push_back(zbench::RunIdleDialog(dialog.show, stretch));
+    }
+    return runs;
+}
+
+// Prints the rows, then any dialog that misbehaved; false if one did.
+bool PrintRows(std::vector<ReportDialog> const& dialogs, zbench::NsPerIteration const& times,
+               std::map<std::string, zbench::FrameCase> const& frames,
+               std::vector<zbench::IdleDialogRun> const& runs) {
+    for (std::size_t i = 0; i < dialogs.size(); ++i) {
+        PrintRow(dialogs[i], times, frames.at(dialogs[i].name), runs[i]);
+    }
+    bool ok = true;
+    for (std::size_t i = 0; i < dialogs.size(); ++i) {
+        ok = CheckRun(dialogs[i], runs[i]) && ok;
+    }
+    return ok;
+}
+
 int RunReport(int argc, char** argv, bool quick) {
     zbench::ReportFolder const folder;
     std::map<std::string, zbench::FrameCase> const frames =
         zbench::RegisterDialogFrameBenchmarks(folder);
     zbench::NsPerIteration const times = zbench::RunRecordedBenchmarks(&argc, argv);
-
     double const load_before = LoadAverage();
-    zbench::IdleStretch const stretch =
-        quick ? zbench::IdleStretch{3, 10, 0.1} : zbench::IdleStretch{10, 200, 2.0};
     std::vector<ReportDialog> const dialogs = ReportDialogs(folder);
-    std::vector<zbench::IdleDialogRun> runs;
-    for (ReportDialog const& dialog : dialogs) {
-        runs.push_back(zbench::RunIdleDialog(dialog.show, stretch));
-    }
-
+    std::vector<zbench::IdleDialogRun> const runs = RunIdleDialogs(dialogs, quick);
     PrintHeader(load_before, quick);
-    bool ok = true;
-    for (std::size_t i = 0; i < dialogs.size(); ++i) {
-        PrintRow(dialogs[i], times, frames.at(dialogs[i].name), runs[i]);
-    }
-    for (std::size_t i = 0; i < dialogs.size(); ++i) {
-        ok = CheckRun(dialogs[i], runs[i]) && ok;
-    }
+    bool const ok = PrintRows(dialogs, times, frames, runs);
     std::printf("1-minute load after the timed runs: %.2f\n", LoadAverage());
     return ok ? 0 : 1;
 }
