@@ -1,132 +1,129 @@
-// The modal window: position from the parent or the centred marker, modality,
-// renderer choice by mode, failures, release order and focus return.
+// The modal frame: the window's SDL calls in order and under failures, the half-open
+// hit test and the list scrollbar's geometry.
 #include "frame/modal_window.h"
+#include "frame/look.h"
 
 #include "support/sdl_recorder.h"
 #include "support/test_display.h"
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace {
 
 using namespace zorvane::frontend::gui;
 
+// The recorded calls in short: "CreateWindow@x,y" in hex, renderers as (accel) or (soft).
+std::string CallsInShort() {
+    std::ostringstream out;
+    for (ztest::SdlCall const& call : ztest::RecordedCalls()) {
+        out << std::hex << " " << call.name.substr(4);
+        if (call.name == "SDL_CreateWindow") {
+            out << "@" << call.args[0] << "," << call.args[1];
+        } else if (call.name == "SDL_CreateRenderer") {
+            out << (call.args[1] & SDL_RENDERER_ACCELERATED ? "(accel)" : "(soft)");
+        }
+    }
+    return out.str().empty() ? "" : out.str().substr(1);
+}
+
 class ModalWindow : public ztest::DialogTest {};
 
-TEST_F(ModalWindow, WithoutParentOffsetsTheCentredMarkerAndAsksNoParent) {
-    ModalWindowBundle bundle = CreateModalWindowBundle(nullptr, "Box", 80, 60, 320, 180,
-                                                       SDL_WINDOW_HIDDEN, kPreferAccelerated);
-    ASSERT_TRUE(bundle.window && bundle.renderer);
-    auto const created = ztest::RecordedCalls("SDL_CreateWindow");
-    ASSERT_EQ(created.size(), 1u);
-    EXPECT_EQ(created[0].text, "Box");
-    EXPECT_EQ(created[0].args,
-              (std::vector<long long>{0x2FFF0050, 0x2FFF003C, 320, 180, SDL_WINDOW_HIDDEN}));
-    EXPECT_EQ(ztest::CountCalls("SDL_GetWindowPosition"), 0);
-    EXPECT_EQ(ztest::CountCalls("SDL_SetWindowModalFor"), 0);
-}
-
-TEST_F(ModalWindow, WithParentOpensAtTheOffsetFromItsCornerAndIsModalForIt) {
-    SDL_Window* parent = SDL_CreateWindow("host", 200, 150, 640, 480, SDL_WINDOW_HIDDEN);
-    ASSERT_NE(parent, nullptr);
-    ztest::ClearRecordedCalls();
-    {
-        ModalWindowBundle bundle =
-            CreateModalWindowBundle(parent, "Picker", 60, 60, 780, 540,
-                                    SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE, kPreferAccelerated);
-        ASSERT_TRUE(bundle.window && bundle.renderer);
-        auto const names = ztest::RecordedCallNames();
-        ASSERT_GE(names.size(), 4u);
-        EXPECT_EQ(names[0], "SDL_GetWindowPosition");
-        EXPECT_EQ(names[1], "SDL_CreateWindow");
-        EXPECT_EQ(names[2], "SDL_SetWindowModalFor");
-        EXPECT_EQ(names[3], "SDL_CreateRenderer");
-        auto const created = ztest::RecordedCalls("SDL_CreateWindow");
-        EXPECT_EQ(
-            created[0].args,
-            (std::vector<long long>{260, 210, 780, 540, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE}));
-        ztest::ClearRecordedCalls();
-    }
-    // The bundle lets the renderer go before its window.
-    EXPECT_EQ(ztest::RecordedCallNames(),
-              (std::vector<std::string>{"SDL_DestroyRenderer", "SDL_DestroyWindow"}));
-    SDL_DestroyWindow(parent);
-}
-
-TEST_F(ModalWindow, RendererModesAndFallbacks) {
+TEST_F(ModalWindow, CallOrderAndFailuresAtEachStepAndNullReleases) {
     struct Case {
-        int mode;
-        bool fail_accelerated;
-        std::vector<long long> requested_flags;
+        bool parent;
+        ModalRendererMode mode;
+        bool fail_window, fail_software;
+        char const* calls;
     };
+    // The parent stands at 0x100,0x200; the offset is 0x50,0x3c. An accelerated
+    // renderer is always refused, so that the dummy display acts the same everywhere.
     Case const cases[] = {
-        {kPreferAccelerated, false, {SDL_RENDERER_ACCELERATED}},
-        {kSoftwareOnly, false, {SDL_RENDERER_SOFTWARE}},
-        {2, false, {SDL_RENDERER_ACCELERATED}},
-        {kPreferAccelerated, true, {SDL_RENDERER_ACCELERATED, SDL_RENDERER_SOFTWARE}},
-        {kSoftwareOnly, true, {SDL_RENDERER_SOFTWARE}},
+        {false, kPreferAccelerated, false, false,
+         "CreateWindow@2fff0050,2fff003c CreateRenderer(accel) CreateRenderer(soft) "
+         "DestroyRenderer DestroyWindow"},
+        {true, kPreferAccelerated, false, false,
+         "GetWindowPosition CreateWindow@150,23c SetWindowModalFor CreateRenderer(accel) "
+         "CreateRenderer(soft) DestroyRenderer DestroyWindow"},
+        {false, kSoftwareOnly, false, false,
+         "CreateWindow@2fff0050,2fff003c CreateRenderer(soft) DestroyRenderer DestroyWindow"},
+        {true, kPreferAccelerated, false, true,
+         "GetWindowPosition CreateWindow@150,23c SetWindowModalFor CreateRenderer(accel) "
+         "CreateRenderer(soft) DestroyWindow"},
+        {false, kSoftwareOnly, false, true,
+         "CreateWindow@2fff0050,2fff003c CreateRenderer(soft) DestroyWindow"},
+        {true, kPreferAccelerated, true, false, "GetWindowPosition CreateWindow@150,23c"},
     };
+    SDL_Window* parent = SDL_CreateWindow("host", 0x100, 0x200, 64, 64, SDL_WINDOW_HIDDEN);
     for (Case const& c : cases) {
         ztest::ResetRecorder();
-        ztest::Faults().fail_accelerated_renderer = c.fail_accelerated;
-        ModalWindowBundle bundle =
-            CreateModalWindowBundle(nullptr, "m", 0, 0, 100, 100, SDL_WINDOW_HIDDEN,
-                                    static_cast<ModalRendererMode>(c.mode));
-        EXPECT_TRUE(bundle.window && bundle.renderer) << "mode " << c.mode;
-        std::vector<long long> flags;
-        for (auto const& call : ztest::RecordedCalls("SDL_CreateRenderer")) {
-            flags.push_back(call.args[1]);
+        ztest::Faults().fail_window_creation = c.fail_window;
+        ztest::Faults().fail_accelerated_renderer = true;
+        ztest::Faults().fail_software_renderer = c.fail_software;
+        bool made = false;
+        {
+            ModalWindowBundle bundle = CreateModalWindowBundle(
+                c.parent ? parent : nullptr, "m", 0x50, 0x3c, 100, 100, SDL_WINDOW_HIDDEN, c.mode);
+            made = bundle.window && bundle.renderer;
+            EXPECT_EQ(bundle.window || bundle.renderer, made) << "both or neither";
         }
-        // The dummy display has no accelerated renderer, so unforced mode 0 may
-        // also fall back; what matters is the first request and that vsync never shows.
-        ASSERT_FALSE(flags.empty());
-        EXPECT_EQ(flags.front(), c.requested_flags.front()) << "mode " << c.mode;
-        if (c.fail_accelerated) {
-            EXPECT_EQ(flags, c.requested_flags) << "mode " << c.mode;
-        }
-        for (long long f : flags) {
-            EXPECT_EQ(f & SDL_RENDERER_PRESENTVSYNC, 0);
-        }
+        EXPECT_EQ(CallsInShort(), c.calls);
+        EXPECT_EQ(made, !c.fail_window && !c.fail_software) << c.calls;
     }
-}
-
-TEST_F(ModalWindow, FailuresYieldAnEmptyBundleAndLeaveNothingBehind) {
-    ztest::Faults().fail_accelerated_renderer = true;
-    ztest::Faults().fail_software_renderer = true;
-    SDL_Window* parent = SDL_CreateWindow("host", 0, 0, 64, 64, SDL_WINDOW_HIDDEN);
-    int const windows_before = ztest::CountLiveObjects().windows;
-    ModalWindowBundle bundle =
-        CreateModalWindowBundle(parent, "x", 1, 1, 100, 100, SDL_WINDOW_HIDDEN, kPreferAccelerated);
-    EXPECT_EQ(bundle.window, nullptr);
-    EXPECT_EQ(bundle.renderer, nullptr);
-    EXPECT_EQ(ztest::CountLiveObjects().windows, windows_before);
-    EXPECT_EQ(ztest::CountCalls("SDL_DestroyWindow"), 1);
-
-    ztest::ResetRecorder();
-    ztest::Faults().fail_window_creation = true;
-    bundle = CreateModalWindowBundle(parent, "x", 1, 1, 100, 100, SDL_WINDOW_HIDDEN, kSoftwareOnly);
-    EXPECT_EQ(bundle.window, nullptr);
-    EXPECT_EQ(ztest::CountCalls("SDL_SetWindowModalFor"), 0);
-    EXPECT_EQ(ztest::CountCalls("SDL_CreateRenderer"), 0);
     SDL_DestroyWindow(parent);
-}
-
-TEST_F(ModalWindow, FocusReturnAndReleaseFunctionsTolerateNull) {
+    ztest::ResetRecorder();
     RestoreModalParentFocus(nullptr);
     DestroySdlWindow(nullptr);
     DestroySdlRenderer(nullptr);
     DestroySdlTexture(nullptr);
     DestroySdlSurface(nullptr);
     CloseSdlTtfFont(nullptr);
-    EXPECT_TRUE(ztest::RecordedCalls().empty());
+    EXPECT_EQ(CallsInShort(), "");
+}
 
-    SDL_Window* parent = SDL_CreateWindow("host", 0, 0, 64, 64, SDL_WINDOW_HIDDEN);
-    ztest::ClearRecordedCalls();
-    RestoreModalParentFocus(parent);
-    EXPECT_EQ(ztest::RecordedCallNames(),
-              (std::vector<std::string>{"SDL_RaiseWindow", "SDL_SetWindowInputFocus"}));
-    EXPECT_EQ(ztest::RecordedCalls()[0].object, parent);
-    SDL_DestroyWindow(parent);
+TEST(Look, HitTestTakesTheLeftAndTopEdgesButNotTheRightAndBottom) {
+    struct Case {
+        SDL_Rect rect;
+        int x, y;
+        bool inside;
+    };
+    Case const cases[] = {
+        {{10, 20, 30, 40}, 10, 20, true},  {{10, 20, 30, 40}, 39, 59, true},
+        {{10, 20, 30, 40}, 40, 20, false}, {{10, 20, 30, 40}, 10, 60, false},
+        {{10, 20, 30, 40}, 9, 30, false},  {{10, 20, 30, 40}, 20, 19, false},
+        {{5, 5, 0, 10}, 5, 6, false},      {{5, 5, -3, 10}, 4, 6, false},
+    };
+    for (Case const& c : cases) {
+        EXPECT_EQ(IsPointInRect(c.rect, c.x, c.y), c.inside) << c.x << "," << c.y;
+        EXPECT_EQ(IsInside(c.rect, c.x, c.y), c.inside);
+        EXPECT_EQ(IsInRect(c.x, c.y, c.rect), c.inside);
+    }
+}
+
+TEST(Look, ScrollbarThumbFollowsTheShareAndHoldsItsLimits) {
+    struct Case {
+        SDL_Rect area;
+        int total, visible, offset;
+        SDL_Rect track, thumb;
+        int max_offset;
+    };
+    Case const cases[] = {
+        {{8, 56, 764, 240}, 10, 10, 0, {758, 58, 12, 236}, {758, 58, 12, 236}, 0},    // all fits
+        {{0, 0, 100, 304}, 1000, 1, 0, {86, 2, 12, 300}, {86, 2, 12, 24}, 999},       // 24 at least
+        {{0, 0, 100, 304}, 1000, 1, 5000, {86, 2, 12, 300}, {86, 278, 12, 24}, 999},  // held
+        {{0, 0, 100, 304}, 1000, 1, -7, {86, 2, 12, 300}, {86, 2, 12, 24}, 999},
+        {{0, 0, 100, 204}, 20, 10, 5, {86, 2, 12, 200}, {86, 52, 12, 100}, 10},  // half way
+        {{0, 0, 50, 6}, 4, 1, 0, {36, 2, 12, 8}, {36, 2, 12, 24}, 3},            // track 8 at least
+    };
+    for (Case const& c : cases) {
+        SimpleScrollbarLayout const l =
+            BuildSimpleScrollbarLayout(c.area, c.total, c.visible, c.offset);
+        EXPECT_TRUE(SDL_RectEquals(&l.track, &c.track) && SDL_RectEquals(&l.thumb, &c.thumb))
+            << "thumb " << l.thumb.x << "," << l.thumb.y << "," << l.thumb.w << "," << l.thumb.h
+            << " track " << l.track.y << "," << l.track.h;
+        EXPECT_EQ(l.max_offset, c.max_offset);
+    }
 }
 
 }  // namespace
