@@ -120,52 +120,21 @@ ZTEST_OPENAT(openat64)
 ZTEST_FOPEN(fopen)
 ZTEST_FOPEN(fopen64)
 
-int rename(char const* from, char const* to) noexcept {
-    static auto const next = Next<int (*)(char const*, char const*)>("rename");
-    Note("rename", from);
-    return next(from, to);
-}
-
-int renameat(int from_dir, char const* from, int to_dir, char const* to) noexcept {
-    static auto const next = Next<int (*)(int, char const*, int, char const*)>("renameat");
-    Note("renameat", from);
-    return next(from_dir, from, to_dir, to);
-}
-
-int remove(char const* path) noexcept {
-    static auto const next = Next<int (*)(char const*)>("remove");
-    Note("remove", path);
-    return next(path);
-}
-
-int unlink(char const* path) noexcept {
-    static auto const next = Next<int (*)(char const*)>("unlink");
-    Note("unlink", path);
-    return next(path);
-}
-
-int unlinkat(int dir, char const* path, int flags) noexcept {
-    static auto const next = Next<int (*)(int, char const*, int)>("unlinkat");
-    Note("unlinkat", path);
-    return next(dir, path, flags);
-}
-
-int rmdir(char const* path) noexcept {
-    static auto const next = Next<int (*)(char const*)>("rmdir");
-    Note("rmdir", path);
-    return next(path);
-}
-
-int mkdir(char const* path, mode_t mode) noexcept {
-    static auto const next = Next<int (*)(char const*, mode_t)>("mkdir");
-    Note("mkdir", path);
-    return next(path, mode);
-}
-
-int mkdirat(int dir, char const* path, mode_t mode) noexcept {
-    static auto const next = Next<int (*)(int, char const*, mode_t)>("mkdirat");
-    Note("mkdirat", path);
-    return next(dir, path, mode);
-}
+// Calls that always change the disk when they succeed.
+#define ZTEST_CHANGE(name, params, args, path)               \
+    int name params noexcept {                               \
+        static auto const next = Next<int(*) params>(#name); \
+        Note(#name, path);                                   \
+        return next args;                                    \
+    }
+ZTEST_CHANGE(rename, (char const* from, char const* to), (from, to), from)
+ZTEST_CHANGE(renameat, (int from_dir, char const* from, int to_dir, char const* to),
+             (from_dir, from, to_dir, to), from)
+ZTEST_CHANGE(remove, (char const* path), (path), path)
+ZTEST_CHANGE(unlink, (char const* path), (path), path)
+ZTEST_CHANGE(unlinkat, (int dir, char const* path, int flags), (dir, path, flags), path)
+ZTEST_CHANGE(rmdir, (char const* path), (path), path)
+ZTEST_CHANGE(mkdir, (char const* path, mode_t mode), (path, mode), path)
+ZTEST_CHANGE(mkdirat, (int dir, char const* path, mode_t mode), (dir, path, mode), path)
 
 }  // extern "C"
