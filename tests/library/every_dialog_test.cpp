@@ -24,6 +24,7 @@
 #include <fstream>
 #include <random>
 #include <set>
+#include <string>
 
 namespace {
 
@@ -61,17 +62,6 @@ std::string Text(bool ok, std::string const& what) {
     return ok ? std::string() : what;
 }
 
-Verdict CheckPicked(std::string const& picked, std::set<std::string> const& extensions) {
-    if (picked.empty()) {
-        return {};
-    }
-    fs::path const path(picked);
-    bool const ok = extensions.empty() ? fs::is_directory(path)
-                                       : fs::is_regular_file(path) &&
-                                             extensions.count(path.extension().string()) > 0;
-    return {false, Text(ok, "picked " + picked)};
-}
-
 Verdict RunMessageBox(SDL_Window* parent) {
     gui::SdlMessageBox::Config config;
     config.title = "Disk change";
@@ -85,22 +75,23 @@ Verdict RunMessageBox(SDL_Window* parent) {
 Verdict RunFolderPicker(SDL_Window* parent) {
     gui::FolderPickerOptions options;
     options.start_directory = Sample().string();
-    return CheckPicked(gui::ShowSimpleFolderPicker(parent, options), {});
+    std::string const picked = gui::ShowSimpleFolderPicker(parent, options);
+    return {picked.empty(), Text(picked.empty() || fs::is_directory(picked), "picked " + picked)};
 }
 
-Verdict RunFontPicker(SDL_Window* parent) {
-    return CheckPicked(gui::ShowSimpleTtfFilePicker(parent, Sample().string()), {".ttf", ".otf"});
+// A file picker gives nothing or an existing file of one of its `kKinds`.
+using FilePicker = std::string (*)(SDL_Window*, std::string const&);
+template <FilePicker kShow, char const* kKinds>
+Verdict RunFilePicker(SDL_Window* parent) {
+    fs::path const picked = kShow(parent, Sample().string());
+    std::string const kind = picked.extension().string() + " ";
+    bool const ok = picked.empty() || (fs::is_regular_file(picked) && kind.size() > 1 &&
+                                       std::string(kKinds).find(kind) != std::string::npos);
+    return {picked.empty(), Text(ok, "picked " + picked.string())};
 }
-
-Verdict RunFloppyPicker(SDL_Window* parent) {
-    return CheckPicked(gui::ShowSimpleFloppyFilePicker(parent, Sample().string()),
-                       {".ima", ".img"});
-}
-
-Verdict RunShaderPicker(SDL_Window* parent) {
-    return CheckPicked(gui::ShowSimpleShaderFilePicker(parent, Sample().string()),
-                       {".glsl", ".glslp", ".frag", ".vert", ".fs", ".vs"});
-}
+char const kFonts[] = ".ttf .otf ";
+char const kFloppies[] = ".ima .img ";
+char const kShaders[] = ".glsl .glslp .frag .vert .fs .vs ";
 
 bool SettingsValid(gui::SettingsDialogValues const& v) {
     std::set<std::string> const fonts{"pixel", "ttf", "ttf-hires", "ttf-custom"};
@@ -157,11 +148,6 @@ Verdict RunHddImage(SDL_Window* parent) {
     return {!r.accepted, Text(ok, "image " + r.folder + " " + r.file_name)};
 }
 
-Verdict RunAbout(SDL_Window* parent) {
-    gui::ShowSimpleAboutDialog(parent, 1.0f);
-    return {};
-}
-
 // A way to close a dialog, and whether it hands over a result of its own.
 struct End {
     char const* name;
@@ -205,14 +191,16 @@ std::vector<DialogRow> const kDialogs = {
        },
        true}}},
     {"FolderPicker", RunFolderPicker, {{"select", ClickAt(700, 510), true}}},
-    {"FontPicker", RunFontPicker, {kPickTheFile}},
-    {"FloppyPicker", RunFloppyPicker, {kPickTheFile}},
-    {"ShaderPicker", RunShaderPicker, {kPickTheFile}},
+    {"FontPicker", RunFilePicker<gui::ShowSimpleTtfFilePicker, kFonts>, {kPickTheFile}},
+    {"FloppyPicker", RunFilePicker<gui::ShowSimpleFloppyFilePicker, kFloppies>, {kPickTheFile}},
+    {"ShaderPicker", RunFilePicker<gui::ShowSimpleShaderFilePicker, kShaders>, {kPickTheFile}},
     {"Settings", RunSettings, {{"apply", ClickAt(763, 464), true}}},
     {"ShaderParameters", RunShaderParameters, {{"apply", Keys({SDLK_RETURN}), true}}},
     {"Screenshot", RunScreenshot, {{"save", Keys({SDLK_RETURN}), true}}},
     {"HddImage", RunHddImage, {{"create", ClickAt(790, 330), true}}},
-    {"About", RunAbout, {}},
+    {"About",
+     [](SDL_Window* parent) { return gui::ShowSimpleAboutDialog(parent, 1.0f), Verdict{}; },
+     {}},
 };
 
 void PrintTo(DialogRow const& row, std::ostream* out) {
@@ -318,25 +306,21 @@ unsigned const kFixedSeeds[] = {1, 2};
 int const kRandomFrames = 240;
 
 // A few events for the newest window: keys, text of random bytes, clicks and
-// drags of the queued and the polled pointer, wheel, resizes, and window events
-// of its own and of other windows.
+// drags of the queued and the polled pointer, wheel, resizes, and every kind of
+// window event addressed to other windows.
 void PushRandomEvents(Script& s, std::mt19937& rng, Uint32 parent_id) {
     auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
     static SDL_Keycode const kKeys[] = {
-        SDLK_RETURN, SDLK_KP_ENTER, SDLK_TAB,  SDLK_BACKSPACE, SDLK_UP,     SDLK_DOWN,
-        SDLK_LEFT,   SDLK_RIGHT,    SDLK_HOME, SDLK_END,       SDLK_PAGEUP, SDLK_PAGEDOWN,
-        SDLK_SPACE,  SDLK_DELETE,   SDLK_a,    SDLK_1,         SDLK_F1,     SDLK_ESCAPE};
+        SDLK_ESCAPE,   SDLK_RETURN, SDLK_KP_ENTER, SDLK_TAB,  SDLK_BACKSPACE, SDLK_UP,
+        SDLK_DOWN,     SDLK_LEFT,   SDLK_RIGHT,    SDLK_HOME, SDLK_END,       SDLK_PAGEUP,
+        SDLK_PAGEDOWN, SDLK_SPACE,  SDLK_DELETE,   SDLK_a,    SDLK_1,         SDLK_F1};
     int const count = static_cast<int>(sizeof(kKeys) / sizeof(kKeys[0]));
-    static Uint8 const kWindowEvents[] = {
-        SDL_WINDOWEVENT_CLOSE, SDL_WINDOWEVENT_FOCUS_LOST, SDL_WINDOWEVENT_FOCUS_GAINED,
-        SDL_WINDOWEVENT_LEAVE, SDL_WINDOWEVENT_ENTER,      SDL_WINDOWEVENT_SIZE_CHANGED};
     for (int events = pick(4); events > 0; --events) {
         int const x = pick(1200) - 100;
         int const y = pick(900) - 100;
         switch (pick(8)) {
-            case 0:  // Escape is the last key and comes up seldom
-                s.Key(kKeys[pick(count * 4) % count == count - 1 ? count - 1 : pick(count - 1)],
-                      pick(4) == 0);
+            case 0:  // Escape, the first key, comes up seldom
+                s.Key(kKeys[pick(20) == 0 ? 0 : 1 + pick(count - 1)], pick(4) == 0);
                 break;
             case 1: {
                 char text[32] = {};
@@ -368,7 +352,7 @@ void PushRandomEvents(Script& s, std::mt19937& rng, Uint32 parent_id) {
                 SDL_Event event{};
                 event.type = SDL_WINDOWEVENT;
                 event.window.windowID = pick(2) == 0 ? parent_id : s.WindowId() + 1 + pick(5);
-                event.window.event = kWindowEvents[pick(6)];
+                event.window.event = static_cast<Uint8>(1 + pick(SDL_WINDOWEVENT_HIT_TEST));
                 event.window.data1 = x;
                 event.window.data2 = y;
                 ztest::PushEvent(event);
