@@ -11,7 +11,6 @@ namespace gui = zorvane::frontend::gui;
 
 int main(int /*argc*/, char* /*argv*/[]) {
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-        std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
         return 1;
     }
     int beats = 0;
@@ -33,10 +32,6 @@ int main(int /*argc*/, char* /*argv*/[]) {
     gui::SetModalDialogHeartbeat({});
     gui::ShutdownSdlUiCachedFonts();
     SDL_Quit();
-    if (chosen != 2 || beats < 3) {
-        // -1 with no beats: no window, renderer or UI font could be had.
-        std::fprintf(stderr, "Show returned %d after %d beats, wanted 2 after 3\n", chosen, beats);
-        return 1;
-    }
-    return 0;
+    std::printf("Show returned %d after %d beats\n", chosen, beats);
+    return chosen == 2 && beats >= 3 ? 0 : 1;
 }
