@@ -1,5 +1,4 @@
-// Small checks shared by dialog tests: the colour of a pixel of a presented frame,
-// and the failure of a dialog's window or renderer.
+// The pixel check shared by dialog tests: the colour at a point of a presented frame.
 #pragma once
 
 #include "support/sdl_recorder.h"
@@ -17,13 +16,6 @@ inline testing::AssertionResult HasColor(Frame const& frame, int x, int y, SDL_C
     return testing::AssertionFailure()
            << "at " << x << "," << y << ": got " << int(got.r) << "," << int(got.g) << ","
            << int(got.b) << " want " << int(want.r) << "," << int(want.g) << "," << int(want.b);
-}
-
-// Makes the next window creation fail, or else every renderer of the window.
-inline void FailWindowOrRenderer(bool no_window) {
-    Faults().fail_window_creation = no_window;
-    Faults().fail_accelerated_renderer = true;
-    Faults().fail_software_renderer = true;
 }
 
 }  // namespace ztest

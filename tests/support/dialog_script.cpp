@@ -57,45 +57,29 @@ Frame DialogScript::Capture() const {
 }
 
 void DialogScript::Key(SDL_Keycode sym, bool repeat) const {
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.windowID = WindowId();
-    event.key.state = SDL_PRESSED;
-    event.key.repeat = repeat ? 1 : 0;
+    SDL_Event event{SDL_KEYDOWN};
+    event.key = {SDL_KEYDOWN, 0, WindowId(), SDL_PRESSED, Uint8(repeat ? 1 : 0), 0, 0, {}};
     event.key.keysym.sym = sym;
     event.key.keysym.scancode = SDL_GetScancodeFromKey(sym);
     PushEvent(event);
 }
 
 void DialogScript::Text(char const* text) const {
-    SDL_Event event{};
-    event.type = SDL_TEXTINPUT;
+    SDL_Event event{SDL_TEXTINPUT};
     event.text.windowID = WindowId();
     SDL_strlcpy(event.text.text, text, sizeof(event.text.text));
     PushEvent(event);
 }
 
 void DialogScript::Press(int x, int y, Uint8 button, Uint8 clicks) const {
-    SDL_Event event{};
-    event.type = SDL_MOUSEBUTTONDOWN;
-    event.button.windowID = WindowId();
-    event.button.button = button;
-    event.button.state = SDL_PRESSED;
-    event.button.clicks = clicks;
-    event.button.x = x;
-    event.button.y = y;
+    SDL_Event event{SDL_MOUSEBUTTONDOWN};
+    event.button = {SDL_MOUSEBUTTONDOWN, 0, WindowId(), 0, button, SDL_PRESSED, clicks, 0, x, y};
     PushEvent(event);
 }
 
 void DialogScript::Release(int x, int y, Uint8 button, Uint8 clicks) const {
-    SDL_Event event{};
-    event.type = SDL_MOUSEBUTTONUP;
-    event.button.windowID = WindowId();
-    event.button.button = button;
-    event.button.state = SDL_RELEASED;
-    event.button.clicks = clicks;
-    event.button.x = x;
-    event.button.y = y;
+    SDL_Event event{SDL_MOUSEBUTTONUP};
+    event.button = {SDL_MOUSEBUTTONUP, 0, WindowId(), 0, button, SDL_RELEASED, clicks, 0, x, y};
     PushEvent(event);
 }
 
@@ -105,8 +89,7 @@ void DialogScript::Click(int x, int y, Uint8 clicks) const {
 }
 
 void DialogScript::Motion(int x, int y) const {
-    SDL_Event event{};
-    event.type = SDL_MOUSEMOTION;
+    SDL_Event event{SDL_MOUSEMOTION};
     event.motion.windowID = WindowId();
     event.motion.x = x;
     event.motion.y = y;
@@ -114,27 +97,19 @@ void DialogScript::Motion(int x, int y) const {
 }
 
 void DialogScript::Wheel(int y) const {
-    SDL_Event event{};
-    event.type = SDL_MOUSEWHEEL;
+    SDL_Event event{SDL_MOUSEWHEEL};
     event.wheel.windowID = WindowId();
     event.wheel.y = y;
-    event.wheel.direction = SDL_MOUSEWHEEL_NORMAL;
     PushEvent(event);
 }
 
 void DialogScript::Quit() const {
-    SDL_Event event{};
-    event.type = SDL_QUIT;
-    PushEvent(event);
+    PushEvent(SDL_Event{SDL_QUIT});
 }
 
 void DialogScript::WindowEvent(Uint8 window_event, int data1, int data2) const {
-    SDL_Event event{};
-    event.type = SDL_WINDOWEVENT;
-    event.window.windowID = WindowId();
-    event.window.event = window_event;
-    event.window.data1 = data1;
-    event.window.data2 = data2;
+    SDL_Event event{SDL_WINDOWEVENT};
+    event.window = {SDL_WINDOWEVENT, 0, WindowId(), window_event, 0, 0, 0, data1, data2};
     PushEvent(event);
 }
 

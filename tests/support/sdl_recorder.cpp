@@ -13,15 +13,11 @@ namespace ztest {
 namespace {
 
 struct RecorderState {
-    std::mutex mutex;
+    std::recursive_mutex mutex;
     std::vector<SdlCall> calls;
     SdlFaults faults;
     ScriptedPointer pointer;
-    std::set<void const*> windows;
-    std::set<void const*> renderers;
-    std::set<void const*> textures;
-    std::set<void const*> surfaces;
-    std::set<void const*> fonts;
+    std::set<void const*> windows, renderers, textures, surfaces, fonts;
     std::vector<SDL_Window*> window_stack;
     std::map<Uint32, Frame> frames;
     std::map<std::string, int, std::less<>> creations;
@@ -32,32 +28,31 @@ RecorderState& State() {
     return state;
 }
 
+using Lock = std::lock_guard<std::recursive_mutex>;
+
 void Record(std::string name, std::string text = {}, std::vector<long long> args = {},
             void const* object = nullptr) {
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.calls.push_back({std::move(name), std::move(text), std::move(args), object});
+    Lock lock(State().mutex);
+    State().calls.push_back({std::move(name), std::move(text), std::move(args), object});
 }
 
-// Removes `object` from `live`; true if it was one of ours.
-bool Release(std::set<void const*>& live, void const* object) {
-    std::lock_guard<std::mutex> lock(State().mutex);
-    return live.erase(object) > 0;
-}
-
+// Moves `object` into or out of a set of live objects; Release tells whether it was ours.
 void Track(std::set<void const*>& live, void const* object) {
+    Lock lock(State().mutex);
     if (object != nullptr) {
-        std::lock_guard<std::mutex> lock(State().mutex);
         live.insert(object);
     }
+}
+bool Release(std::set<void const*>& live, void const* object) {
+    Lock lock(State().mutex);
+    return live.erase(object) > 0;
 }
 
 // Counts one call of the creation entry point `name`; true when it is the one to fail.
 bool FailCreation(char const* name) {
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    int const number = ++s.creations[name];
-    return s.faults.fail_nth == number && s.faults.fail_call == name;
+    Lock lock(State().mutex);
+    int const number = ++State().creations[name];
+    return State().faults.fail_nth == number && State().faults.fail_call == name;
 }
 
 template <typename Fn>
@@ -74,22 +69,18 @@ Fn Real(char const* name) {
 
 void CaptureFrame(SDL_Renderer* renderer) {
     SDL_Window* window = SDL_RenderGetWindow(renderer);
-    int w = 0;
-    int h = 0;
-    if (window == nullptr || SDL_GetRendererOutputSize(renderer, &w, &h) != 0 || w <= 0 || h <= 0) {
-        return;
-    }
     Frame frame;
-    frame.width = w;
-    frame.height = h;
-    frame.pixels.resize(static_cast<std::size_t>(w) * static_cast<std::size_t>(h));
-    if (SDL_RenderReadPixels(renderer, nullptr, SDL_PIXELFORMAT_ARGB8888, frame.pixels.data(),
-                             w * 4) != 0) {
+    if (window == nullptr ||
+        SDL_GetRendererOutputSize(renderer, &frame.width, &frame.height) != 0 || frame.width <= 0 ||
+        frame.height <= 0) {
         return;
     }
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.frames[SDL_GetWindowID(window)] = std::move(frame);
+    frame.pixels.resize(static_cast<std::size_t>(frame.width) * frame.height);
+    if (SDL_RenderReadPixels(renderer, nullptr, SDL_PIXELFORMAT_ARGB8888, frame.pixels.data(),
+                             frame.width * 4) == 0) {
+        Lock lock(State().mutex);
+        State().frames[SDL_GetWindowID(window)] = std::move(frame);
+    }
 }
 
 }  // namespace
@@ -103,13 +94,12 @@ SDL_Color Frame::At(int x, int y) const {
 }
 
 void ResetRecorder() {
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    s.calls.clear();
-    s.faults = SdlFaults{};
-    s.pointer = ScriptedPointer{};
-    s.frames.clear();
-    s.creations.clear();
+    Lock lock(State().mutex);
+    State().calls.clear();
+    State().faults = SdlFaults{};
+    State().pointer = ScriptedPointer{};
+    State().frames.clear();
+    State().creations.clear();
 }
 
 SdlFaults& Faults() {
@@ -121,63 +111,45 @@ ScriptedPointer& Pointer() {
 }
 
 std::vector<SdlCall> RecordedCalls() {
-    std::lock_guard<std::mutex> lock(State().mutex);
+    Lock lock(State().mutex);
     return State().calls;
 }
 
 std::vector<SdlCall> RecordedCalls(std::string_view name) {
-    std::vector<SdlCall> named;
-    for (SdlCall const& call : RecordedCalls()) {
-        if (call.name == name) {
-            named.push_back(call);
-        }
-    }
+    std::vector<SdlCall> named = RecordedCalls();
+    named.erase(std::remove_if(named.begin(), named.end(),
+                               [name](SdlCall const& call) { return call.name != name; }),
+                named.end());
     return named;
-}
-
-std::vector<std::string> RecordedCallNames() {
-    std::vector<std::string> names;
-    for (SdlCall const& call : RecordedCalls()) {
-        names.push_back(call.name);
-    }
-    return names;
-}
-
-int CountCreations(std::string_view name) {
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    auto const it = s.creations.find(name);
-    return it == s.creations.end() ? 0 : it->second;
 }
 
 int CountCalls(std::string_view name) {
     return static_cast<int>(RecordedCalls(name).size());
 }
 
-void ClearRecordedCalls() {
-    std::lock_guard<std::mutex> lock(State().mutex);
-    State().calls.clear();
+int CountCreations(std::string_view name) {
+    Lock lock(State().mutex);
+    auto const it = State().creations.find(name);
+    return it == State().creations.end() ? 0 : it->second;
 }
 
 LiveObjects CountLiveObjects() {
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    return {static_cast<int>(s.windows.size()), static_cast<int>(s.renderers.size()),
-            static_cast<int>(s.textures.size()), static_cast<int>(s.surfaces.size()),
-            static_cast<int>(s.fonts.size())};
+    Lock lock(State().mutex);
+    auto const count = [](std::set<void const*> const& live) { return int(live.size()); };
+    RecorderState const& s = State();
+    return {count(s.windows), count(s.renderers), count(s.textures), count(s.surfaces),
+            count(s.fonts)};
 }
 
 SDL_Window* TopWindow() {
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    return s.window_stack.empty() ? nullptr : s.window_stack.back();
+    Lock lock(State().mutex);
+    return State().window_stack.empty() ? nullptr : State().window_stack.back();
 }
 
 Frame FrameOfWindow(Uint32 window_id) {
-    auto& s = State();
-    std::lock_guard<std::mutex> lock(s.mutex);
-    auto const it = s.frames.find(window_id);
-    return it == s.frames.end() ? Frame{} : it->second;
+    Lock lock(State().mutex);
+    auto const it = State().frames.find(window_id);
+    return it == State().frames.end() ? Frame{} : it->second;
 }
 
 }  // namespace ztest
@@ -188,21 +160,43 @@ using ztest::State;
 
 extern "C" {
 
-// Entry points that are only recorded with the window they act on, then forwarded.
-#define ZTEST_RECORD_WINDOW_CALL(ret, name, params, args, window) \
-    ret name params {                                             \
-        ZTEST_REAL(name);                                         \
-        Record(#name, {}, {}, window);                            \
-        return real args;                                         \
+// Entry points that are only recorded, with the object they act on and their
+// numeric arguments, then forwarded.
+#define ZTEST_RECORDED(ret, name, params, args, object, numbers) \
+    ret name params {                                            \
+        ZTEST_REAL(name);                                        \
+        Record(#name, {}, numbers, object);                      \
+        return real args;                                        \
     }
 
-ZTEST_RECORD_WINDOW_CALL(void, SDL_GetWindowPosition, (SDL_Window * window, int* x, int* y),
-                         (window, x, y), window)
-ZTEST_RECORD_WINDOW_CALL(int, SDL_SetWindowModalFor, (SDL_Window * modal, SDL_Window* parent),
-                         (modal, parent), modal)
-ZTEST_RECORD_WINDOW_CALL(void, SDL_RaiseWindow, (SDL_Window * window), (window), window)
-ZTEST_RECORD_WINDOW_CALL(int, SDL_SetWindowInputFocus, (SDL_Window * window), (window), window)
-ZTEST_RECORD_WINDOW_CALL(void, SDL_ShowWindow, (SDL_Window * window), (window), window)
+ZTEST_RECORDED(void, SDL_GetWindowPosition, (SDL_Window * window, int* x, int* y), (window, x, y),
+               window, {})
+ZTEST_RECORDED(int, SDL_SetWindowModalFor, (SDL_Window * modal, SDL_Window* parent),
+               (modal, parent), modal, {})
+ZTEST_RECORDED(void, SDL_RaiseWindow, (SDL_Window * window), (window), window, {})
+ZTEST_RECORDED(int, SDL_SetWindowInputFocus, (SDL_Window * window), (window), window, {})
+ZTEST_RECORDED(void, SDL_ShowWindow, (SDL_Window * window), (window), window, {})
+ZTEST_RECORDED(void, SDL_SetWindowSize, (SDL_Window * window, int w, int h), (window, w, h), window,
+               (std::vector<long long>{w, h}))
+ZTEST_RECORDED(void, SDL_StartTextInput, (void), (), nullptr, {})
+ZTEST_RECORDED(void, SDL_StopTextInput, (void), (), nullptr, {})
+ZTEST_RECORDED(int, TTF_Init, (void), (), nullptr, {})
+ZTEST_RECORDED(int, TTF_WasInit, (void), (), nullptr, {})
+
+// Release functions: a release of one of ours is recorded when `logged`, then forwarded.
+#define ZTEST_RELEASE(name, type, live, logged)                 \
+    void name(type* object) {                                   \
+        ZTEST_REAL(name);                                       \
+        if (ztest::Release(State().live, object) && (logged)) { \
+            Record(#name, {}, {}, object);                      \
+        }                                                       \
+        real(object);                                           \
+    }
+
+ZTEST_RELEASE(SDL_DestroyRenderer, SDL_Renderer, renderers, true)
+ZTEST_RELEASE(SDL_DestroyTexture, SDL_Texture, textures, false)
+ZTEST_RELEASE(SDL_FreeSurface, SDL_Surface, surfaces, false)
+ZTEST_RELEASE(TTF_CloseFont, TTF_Font, fonts, true)
 
 SDL_Window* SDL_CreateWindow(char const* title, int x, int y, int w, int h, Uint32 flags) {
     ZTEST_REAL(SDL_CreateWindow);
@@ -211,11 +205,10 @@ SDL_Window* SDL_CreateWindow(char const* title, int x, int y, int w, int h, Uint
         return nullptr;
     }
     SDL_Window* window = real(title, x, y, w, h, flags);
+    ztest::Track(State().windows, window);
     if (window != nullptr) {
-        auto& s = State();
-        std::lock_guard<std::mutex> lock(s.mutex);
-        s.windows.insert(window);
-        s.window_stack.push_back(window);
+        ztest::Lock lock(State().mutex);
+        State().window_stack.push_back(window);
     }
     return window;
 }
@@ -224,10 +217,9 @@ void SDL_DestroyWindow(SDL_Window* window) {
     ZTEST_REAL(SDL_DestroyWindow);
     if (ztest::Release(State().windows, window)) {
         Record("SDL_DestroyWindow", {}, {}, window);
-        auto& s = State();
-        std::lock_guard<std::mutex> lock(s.mutex);
-        s.window_stack.erase(std::remove(s.window_stack.begin(), s.window_stack.end(), window),
-                             s.window_stack.end());
+        ztest::Lock lock(State().mutex);
+        auto& stack = State().window_stack;
+        stack.erase(std::remove(stack.begin(), stack.end(), window), stack.end());
     }
     real(window);
 }
@@ -247,20 +239,6 @@ SDL_Renderer* SDL_CreateRenderer(SDL_Window* window, int index, Uint32 flags) {
     return renderer;
 }
 
-void SDL_DestroyRenderer(SDL_Renderer* renderer) {
-    ZTEST_REAL(SDL_DestroyRenderer);
-    if (ztest::Release(State().renderers, renderer)) {
-        Record("SDL_DestroyRenderer", {}, {}, renderer);
-    }
-    real(renderer);
-}
-
-void SDL_SetWindowSize(SDL_Window* window, int w, int h) {
-    ZTEST_REAL(SDL_SetWindowSize);
-    Record("SDL_SetWindowSize", {}, {w, h}, window);
-    real(window, w, h);
-}
-
 void SDL_RenderPresent(SDL_Renderer* renderer) {
     ZTEST_REAL(SDL_RenderPresent);
     ztest::CaptureFrame(renderer);
@@ -276,30 +254,17 @@ void SDL_Delay(Uint32 ms) {
     }
 }
 
-void SDL_StartTextInput(void) {
-    ZTEST_REAL(SDL_StartTextInput);
-    Record("SDL_StartTextInput");
-    real();
-}
-
-void SDL_StopTextInput(void) {
-    ZTEST_REAL(SDL_StopTextInput);
-    Record("SDL_StopTextInput");
-    real();
-}
-
 // Never opens a browser or a native box during a test: both are recorded only.
 int SDL_OpenURL(char const* url) {
     Record("SDL_OpenURL", url != nullptr ? url : "");
-    return Faults().fail_open_url ? -1 : 0;
+    return 0;
 }
 
 int SDL_ShowSimpleMessageBox(Uint32 flags, char const* title, char const* message,
                              SDL_Window* window) {
-    std::string text = title != nullptr ? title : "";
-    text += '\n';
-    text += message != nullptr ? message : "";
-    Record("SDL_ShowSimpleMessageBox", std::move(text), {flags}, window);
+    std::string const text =
+        std::string(title != nullptr ? title : "") + '\n' + (message != nullptr ? message : "");
+    Record("SDL_ShowSimpleMessageBox", text, {flags}, window);
     return 0;
 }
 
@@ -313,53 +278,16 @@ SDL_Texture* SDL_CreateTextureFromSurface(SDL_Renderer* renderer, SDL_Surface* s
     return texture;
 }
 
-void SDL_DestroyTexture(SDL_Texture* texture) {
-    ZTEST_REAL(SDL_DestroyTexture);
-    ztest::Release(State().textures, texture);
-    real(texture);
-}
-
-void SDL_FreeSurface(SDL_Surface* surface) {
-    ZTEST_REAL(SDL_FreeSurface);
-    ztest::Release(State().surfaces, surface);
-    real(surface);
-}
-
-int TTF_Init(void) {
-    ZTEST_REAL(TTF_Init);
-    Record("TTF_Init");
-    if (Faults().fail_ttf_init) {
-        return -1;
-    }
-    return real();
-}
-
-int TTF_WasInit(void) {
-    ZTEST_REAL(TTF_WasInit);
-    Record("TTF_WasInit");
-    return Faults().fail_ttf_init ? 0 : real();
-}
-
 TTF_Font* TTF_OpenFont(char const* file, int ptsize) {
     ZTEST_REAL(TTF_OpenFont);
     std::string const path = file != nullptr ? file : "";
-    TTF_Font* font = nullptr;
-    bool const fail = ztest::FailCreation("TTF_OpenFont");
-    if (!fail && (!Faults().allow_font_path || Faults().allow_font_path(path))) {
-        font = real(file, ptsize);
-    }
+    bool const refused = ztest::FailCreation("TTF_OpenFont") ||
+                         (Faults().allow_font_path && !Faults().allow_font_path(path));
+    TTF_Font* font = refused ? nullptr : real(file, ptsize);
     // The second argument tells whether the font opened.
     Record("TTF_OpenFont", path, {ptsize, font != nullptr ? 1 : 0});
     ztest::Track(State().fonts, font);
     return font;
-}
-
-void TTF_CloseFont(TTF_Font* font) {
-    ZTEST_REAL(TTF_CloseFont);
-    if (ztest::Release(State().fonts, font)) {
-        Record("TTF_CloseFont", {}, {}, font);
-    }
-    real(font);
 }
 
 SDL_Surface* TTF_RenderUTF8_Blended(TTF_Font* font, char const* text, SDL_Color fg) {

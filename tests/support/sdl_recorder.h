@@ -40,9 +40,7 @@ struct SdlFaults {
     bool fail_window_creation = false;
     bool fail_accelerated_renderer = false;
     bool fail_software_renderer = false;
-    bool fail_ttf_init = false;
-    bool skip_delays = false;    // record SDL_Delay without sleeping
-    bool fail_open_url = false;  // SDL_OpenURL reports failure (it never opens anything)
+    bool skip_delays = false;  // record SDL_Delay without sleeping
     // When set, TTF_OpenFont fails at once for every path it refuses.
     std::function<bool(std::string const& path)> allow_font_path;
     // The call number `fail_nth` (counted from 1 since the reset) of the creation
@@ -79,9 +77,7 @@ ScriptedPointer& Pointer();
 
 std::vector<SdlCall> RecordedCalls();
 std::vector<SdlCall> RecordedCalls(std::string_view name);
-std::vector<std::string> RecordedCallNames();
 int CountCalls(std::string_view name);
-void ClearRecordedCalls();
 
 LiveObjects CountLiveObjects();
 
