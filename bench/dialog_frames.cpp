@@ -126,6 +126,28 @@ void SettingsFrames(benchmark::State& state) {
 
 // [SECTION] Shader parameters
 
+}  // namespace
+
+ShaderDialogSession ShaderSession(SDL_Window* window, SDL_Renderer* renderer, TTF_Font* title_font,
+                                  TTF_Font* body_font, std::string const& path,
+                                  std::vector<ShaderParameterSpec> const& specs,
+                                  ShaderDialogGeometry const& geometry,
+                                  ShaderDialogResult& result) {
+    ShaderDialogSession session;
+    session.window = window;
+    session.renderer = renderer;
+    session.title_font = title_font;
+    session.body_font = body_font;
+    session.path = &path;
+    session.specs = &specs;
+    session.geometry = &geometry;
+    session.result = &result;
+    session.shown = true;
+    return session;
+}
+
+namespace {
+
 ShaderDialogGeometry ShaderGeometry(std::string const& shader_path) {
     auto const count = static_cast<int>(ParseShaderParameterSpecs(shader_path).size());
     return BuildShaderDialogGeometry(count, 1.0f);
@@ -140,16 +162,9 @@ void ShaderFrames(benchmark::State& state, std::string const& shader_path) {
     SoftwareWindow window(width, height);
     SdlUiFontHandle const title_font = OpenSdlUiFontHandle(16, true, kSemiBold);
     SdlUiFontHandle const body_font = OpenSdlUiFontHandle(15, false, kRegular);
-    ShaderDialogSession session;
-    session.window = window.window();
-    session.renderer = window.renderer();
-    session.title_font = title_font.get();
-    session.body_font = body_font.get();
-    session.path = &shader_path;
-    session.specs = &specs;
-    session.geometry = &geometry;
-    session.result = &result;
-    session.shown = true;
+    ShaderDialogSession session =
+        ShaderSession(window.window(), window.renderer(), title_font.get(), body_font.get(),
+                      shader_path, specs, geometry, result);
     for (auto _ : state) {
         RenderShaderDialog(&session, BuildShaderDialogLayout(session, width, height), width,
                            height);

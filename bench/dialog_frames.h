@@ -4,6 +4,7 @@
 
 #include "dialog_inputs.h"
 #include "settings/settings_internal.h"
+#include "shader_params/shader_dialog.h"
 
 #include <SDL.h>
 #include <SDL_ttf.h>
@@ -20,6 +21,14 @@ void DrawSettingsFrame(SDL_Renderer* renderer, TTF_Font* title_font, TTF_Font* b
                        std::vector<zorvane::frontend::gui::NavItem> const& items,
                        zorvane::frontend::gui::SettingsDialogValues const& values, int panel,
                        int mouse_x, int mouse_y);
+
+// A shown shader dialog session over `window`'s renderer, as the dialog's entry point
+// fills it; every pointer must outlive the session.
+zorvane::frontend::gui::ShaderDialogSession ShaderSession(
+    SDL_Window* window, SDL_Renderer* renderer, TTF_Font* title_font, TTF_Font* body_font,
+    std::string const& path, std::vector<zorvane::frontend::gui::ShaderParameterSpec> const& specs,
+    zorvane::frontend::gui::ShaderDialogGeometry const& geometry,
+    zorvane::frontend::gui::ShaderDialogResult& result);
 
 // The benchmark of one dialog's frame and the floor that it is read against.
 struct FrameCase {

@@ -1,24 +1,15 @@
 // One turn of the message box (layout, drawing, present) against the floor of a
 // clear and present of a window of the same size, both on the software renderer.
 #include "bench_support.h"
+#include "dialog_inputs.h"
 #include "message_box/message_box_internal.h"
 
 namespace {
 
 using namespace zorvane::frontend::gui;
 
-constexpr int kWidth = 460;
+constexpr int kWidth = zbench::kReportMessageBoxWidth;
 constexpr int kHeight = 226;
-
-SdlMessageBox::Config BenchConfig() {
-    SdlMessageBox::Config config;
-    config.title = "Low speed";
-    config.message = "The host cannot keep up with 30 MHz.\nThe guest clock will run slow.";
-    config.type = SdlMessageBox::Type::Warning;
-    config.width = kWidth;
-    config.buttons = {{0, "Cancel", false, true, nullptr}, {1, "OK", true, false, nullptr}};
-    return config;
-}
 
 void BM_ClearPresentFloor(benchmark::State& state) {
     zbench::SoftwareWindow window(kWidth, kHeight);
@@ -30,7 +21,7 @@ BENCHMARK(BM_ClearPresentFloor);
 
 void BM_MessageBoxTurn(benchmark::State& state) {
     zbench::SoftwareWindow window(kWidth, kHeight);
-    SdlMessageBox const box(BenchConfig());
+    SdlMessageBox const box(zbench::ReportMessageBoxConfig());
     SdlMessageBoxFonts const fonts = OpenSdlMessageBoxFonts(1.0f);
     MessageBoxTypeVisual const visual = VisualForMessageBoxType(box.config().type);
     for (auto _ : state) {

@@ -2,6 +2,7 @@
 // frame of the parameter dialog with 6 and with 500 parameters against the floor of
 // a clear and present of a window of the same size.
 #include "bench_support.h"
+#include "dialog_frames.h"
 #include "frame/ui_fonts.h"
 #include "shader_params/shader_dialog.h"
 #include "shader_params/shader_param_parsers.h"
@@ -155,16 +156,9 @@ void BM_ShaderDialogFrame(benchmark::State& state) {
     SdlUiFontHandle const title_font = OpenSdlUiFontHandle(16, true, kSemiBold);
     SdlUiFontHandle const body_font = OpenSdlUiFontHandle(15, false, kRegular);
     std::string const path = "shaders/crt_soft.glslp";
-    ShaderDialogSession session;
-    session.window = window.window();
-    session.renderer = window.renderer();
-    session.title_font = title_font.get();
-    session.body_font = body_font.get();
-    session.path = &path;
-    session.specs = &specs;
-    session.geometry = &geometry;
-    session.result = &result;
-    session.shown = true;
+    ShaderDialogSession session =
+        zbench::ShaderSession(window.window(), window.renderer(), title_font.get(), body_font.get(),
+                              path, specs, geometry, result);
     session.scroll_y = BuildShaderDialogLayout(session, kWidth, kHeight).max_scroll / 2;
     ShaderDialogLayout const layout = BuildShaderDialogLayout(session, kWidth, kHeight);
     for (auto _ : state) {
