@@ -1,5 +1,7 @@
-// The heartbeat: changed from inside itself, set from another thread, and throwing.
+// The heartbeat: replaced or cleared from inside itself, throwing, and set from another thread.
 #include "gui/frame.h"
+
+#include "support/test_display.h"
 
 #include <gtest/gtest.h>
 
@@ -9,48 +11,30 @@
 #include <thread>
 
 namespace {
+using namespace zorvane::frontend::gui;
 
-using zorvane::frontend::gui::PumpModalDialogHeartbeat;
-using zorvane::frontend::gui::SetModalDialogHeartbeat;
+class Heartbeat : public ztest::DialogTest {};
 
-class Heartbeat : public ::testing::Test {
-protected:
-    void TearDown() override { SetModalDialogHeartbeat(nullptr); }
-};
-
-TEST_F(Heartbeat, ReplacedOrClearedFromInsideItselfFinishesItsCall) {
-    PumpModalDialogHeartbeat();  // nothing registered yet
-    auto token = std::make_shared<int>(7);
-    std::weak_ptr<int> const watch = token;
-    int seen = 0;
+TEST_F(Heartbeat, ReplacesOrClearsItselfAndItsExceptionPassesWithoutHarm) {
+    bool destroyed = false;
     int second = 0;
-    SetModalDialogHeartbeat([token, &seen, &second] {
+    std::shared_ptr<bool> guard(&destroyed, [](bool* flag) { *flag = true; });
+    SetModalDialogHeartbeat([guard, &second] {
         SetModalDialogHeartbeat([&second] {
-            ++second;
+            if (++second == 1) {
+                throw std::runtime_error("emulation fault");
+            }
             SetModalDialogHeartbeat(nullptr);
         });
-        seen = *token;  // the running callable is still alive
+        EXPECT_FALSE(*guard) << "a running heartbeat outlives its replacement";
     });
-    token.reset();
-    for (int i = 0; i < 3; ++i) {
-        PumpModalDialogHeartbeat();
-    }
-    EXPECT_EQ(seen, 7);
-    EXPECT_TRUE(watch.expired()) << "the replaced heartbeat is destroyed after its call";
-    EXPECT_EQ(second, 1) << "the one that cleared itself ran once";
-}
-
-TEST_F(Heartbeat, AnExceptionPassesThroughAndTheNextPumpWorks) {
-    int calls = 0;
-    SetModalDialogHeartbeat([&calls] {
-        ++calls;
-        throw std::runtime_error("emulation fault");
-    });
+    guard.reset();
+    PumpModalDialogHeartbeat();
+    EXPECT_TRUE(destroyed) << "the replaced heartbeat is destroyed after its call";
     EXPECT_THROW(PumpModalDialogHeartbeat(), std::runtime_error);
-    EXPECT_THROW(PumpModalDialogHeartbeat(), std::runtime_error) << "it stays registered";
-    SetModalDialogHeartbeat([&calls] { calls += 10; });
-    EXPECT_NO_THROW(PumpModalDialogHeartbeat());
-    EXPECT_EQ(calls, 12);
+    PumpModalDialogHeartbeat();
+    PumpModalDialogHeartbeat();
+    EXPECT_EQ(second, 2) << "it stayed registered after throwing, then cleared itself";
 }
 
 TEST_F(Heartbeat, SetFromAnotherThreadWhileOnePumps) {
@@ -59,8 +43,7 @@ TEST_F(Heartbeat, SetFromAnotherThreadWhileOnePumps) {
     SetModalDialogHeartbeat([&] { ++calls; });
     std::thread setter([&] {
         for (int i = 0; i < 20000; ++i) {
-            auto token = std::make_shared<int>(i);
-            SetModalDialogHeartbeat([&calls, token] { calls += *token >= 0 ? 1 : 0; });
+            SetModalDialogHeartbeat([&, token = std::make_shared<int>(1)] { calls += *token; });
         }
         stop = true;
     });
@@ -71,5 +54,4 @@ TEST_F(Heartbeat, SetFromAnotherThreadWhileOnePumps) {
     setter.join();
     EXPECT_EQ(calls, pumps) << "every pump ran exactly one whole heartbeat";
 }
-
 }  // namespace

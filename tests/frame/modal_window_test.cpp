@@ -1,17 +1,15 @@
-// The modal frame: the window's SDL calls in order and under failures, the half-open
-// hit test and the list scrollbar's geometry.
+// The modal frame's SDL calls and null releases, the half-open hit test, the list scrollbar.
 #include "frame/modal_window.h"
 #include "frame/look.h"
 
 #include "support/sdl_recorder.h"
-#include "support/test_display.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
 namespace {
-
 using namespace zorvane::frontend::gui;
 
 // The recorded calls in short: "CreateWindow@x,y" in hex, renderers as (accel) or (soft).
@@ -28,32 +26,23 @@ std::string CallsInShort() {
     return out.str().empty() ? "" : out.str().substr(1);
 }
 
-class ModalWindow : public ztest::DialogTest {};
-
-TEST_F(ModalWindow, CallOrderAndFailuresAtEachStepAndNullReleases) {
+TEST(ModalWindow, CallsWithAndWithoutParentUnderFailuresAndNullReleases) {
     struct Case {
-        bool parent;
+        bool parent, fail_window, fail_software;
         ModalRendererMode mode;
-        bool fail_window, fail_software;
         char const* calls;
     };
-    // The parent stands at 0x100,0x200; the offset is 0x50,0x3c. An accelerated
-    // renderer is always refused, so that the dummy display acts the same everywhere.
+    // The parent stands at 0x100,0x200, the offset is 0x50,0x3c; no accelerated renderer exists.
     Case const cases[] = {
-        {false, kPreferAccelerated, false, false,
+        {false, false, false, kPreferAccelerated,
          "CreateWindow@2fff0050,2fff003c CreateRenderer(accel) CreateRenderer(soft) "
          "DestroyRenderer DestroyWindow"},
-        {true, kPreferAccelerated, false, false,
-         "GetWindowPosition CreateWindow@150,23c SetWindowModalFor CreateRenderer(accel) "
-         "CreateRenderer(soft) DestroyRenderer DestroyWindow"},
-        {false, kSoftwareOnly, false, false,
+        {false, false, false, kSoftwareOnly,
          "CreateWindow@2fff0050,2fff003c CreateRenderer(soft) DestroyRenderer DestroyWindow"},
-        {true, kPreferAccelerated, false, true,
+        {true, false, true, kPreferAccelerated,
          "GetWindowPosition CreateWindow@150,23c SetWindowModalFor CreateRenderer(accel) "
          "CreateRenderer(soft) DestroyWindow"},
-        {false, kSoftwareOnly, false, true,
-         "CreateWindow@2fff0050,2fff003c CreateRenderer(soft) DestroyWindow"},
-        {true, kPreferAccelerated, true, false, "GetWindowPosition CreateWindow@150,23c"},
+        {true, true, false, kPreferAccelerated, "GetWindowPosition CreateWindow@150,23c"},
     };
     SDL_Window* parent = SDL_CreateWindow("host", 0x100, 0x200, 64, 64, SDL_WINDOW_HIDDEN);
     for (Case const& c : cases) {
@@ -61,15 +50,13 @@ TEST_F(ModalWindow, CallOrderAndFailuresAtEachStepAndNullReleases) {
         ztest::Faults().fail_window_creation = c.fail_window;
         ztest::Faults().fail_accelerated_renderer = true;
         ztest::Faults().fail_software_renderer = c.fail_software;
-        bool made = false;
         {
             ModalWindowBundle bundle = CreateModalWindowBundle(
                 c.parent ? parent : nullptr, "m", 0x50, 0x3c, 100, 100, SDL_WINDOW_HIDDEN, c.mode);
-            made = bundle.window && bundle.renderer;
-            EXPECT_EQ(bundle.window || bundle.renderer, made) << "both or neither";
+            EXPECT_EQ(!!bundle.window + !!bundle.renderer,
+                      c.fail_window || c.fail_software ? 0 : 2);
         }
         EXPECT_EQ(CallsInShort(), c.calls);
-        EXPECT_EQ(made, !c.fail_window && !c.fail_software) << c.calls;
     }
     SDL_DestroyWindow(parent);
     ztest::ResetRecorder();
@@ -82,26 +69,13 @@ TEST_F(ModalWindow, CallOrderAndFailuresAtEachStepAndNullReleases) {
     EXPECT_EQ(CallsInShort(), "");
 }
 
-TEST(Look, HitTestTakesTheLeftAndTopEdgesButNotTheRightAndBottom) {
-    struct Case {
-        SDL_Rect rect;
-        int x, y;
-        bool inside;
-    };
-    Case const cases[] = {
-        {{10, 20, 30, 40}, 10, 20, true},  {{10, 20, 30, 40}, 39, 59, true},
-        {{10, 20, 30, 40}, 40, 20, false}, {{10, 20, 30, 40}, 10, 60, false},
-        {{10, 20, 30, 40}, 9, 30, false},  {{10, 20, 30, 40}, 20, 19, false},
-        {{5, 5, 0, 10}, 5, 6, false},      {{5, 5, -3, 10}, 4, 6, false},
-    };
-    for (Case const& c : cases) {
-        EXPECT_EQ(IsPointInRect(c.rect, c.x, c.y), c.inside) << c.x << "," << c.y;
-        EXPECT_EQ(IsInside(c.rect, c.x, c.y), c.inside);
-        EXPECT_EQ(IsInRect(c.x, c.y, c.rect), c.inside);
+TEST(Look, HitTestIsHalfOpenAndTheScrollbarThumbFollowsTheShareWithinItsLimits) {
+    SDL_Rect const r{10, 20, 30, 40};
+    std::tuple<int, int, bool> const points[] = {{10, 20, true},  {39, 59, true}, {40, 20, false},
+                                                 {10, 60, false}, {9, 30, false}, {20, 19, false}};
+    for (auto const& [x, y, inside] : points) {
+        EXPECT_EQ(IsPointInRect(r, x, y), inside) << x << "," << y;
     }
-}
-
-TEST(Look, ScrollbarThumbFollowsTheShareAndHoldsItsLimits) {
     struct Case {
         SDL_Rect area;
         int total, visible, offset;
@@ -110,20 +84,16 @@ TEST(Look, ScrollbarThumbFollowsTheShareAndHoldsItsLimits) {
     };
     Case const cases[] = {
         {{8, 56, 764, 240}, 10, 10, 0, {758, 58, 12, 236}, {758, 58, 12, 236}, 0},    // all fits
-        {{0, 0, 100, 304}, 1000, 1, 0, {86, 2, 12, 300}, {86, 2, 12, 24}, 999},       // 24 at least
+        {{0, 0, 100, 304}, 1000, 1, -7, {86, 2, 12, 300}, {86, 2, 12, 24}, 999},      // 24 at least
         {{0, 0, 100, 304}, 1000, 1, 5000, {86, 2, 12, 300}, {86, 278, 12, 24}, 999},  // held
-        {{0, 0, 100, 304}, 1000, 1, -7, {86, 2, 12, 300}, {86, 2, 12, 24}, 999},
-        {{0, 0, 100, 204}, 20, 10, 5, {86, 2, 12, 200}, {86, 52, 12, 100}, 10},  // half way
-        {{0, 0, 50, 6}, 4, 1, 0, {36, 2, 12, 8}, {36, 2, 12, 24}, 3},            // track 8 at least
+        {{0, 0, 100, 204}, 20, 10, 5, {86, 2, 12, 200}, {86, 52, 12, 100}, 10},       // half way
+        {{0, 0, 50, 6}, 4, 1, 0, {36, 2, 12, 8}, {36, 2, 12, 24}, 3},  // track 8 at least
     };
     for (Case const& c : cases) {
-        SimpleScrollbarLayout const l =
-            BuildSimpleScrollbarLayout(c.area, c.total, c.visible, c.offset);
-        EXPECT_TRUE(SDL_RectEquals(&l.track, &c.track) && SDL_RectEquals(&l.thumb, &c.thumb))
-            << "thumb " << l.thumb.x << "," << l.thumb.y << "," << l.thumb.w << "," << l.thumb.h
-            << " track " << l.track.y << "," << l.track.h;
-        EXPECT_EQ(l.max_offset, c.max_offset);
+        auto const l = BuildSimpleScrollbarLayout(c.area, c.total, c.visible, c.offset);
+        EXPECT_TRUE(SDL_RectEquals(&l.track, &c.track) && SDL_RectEquals(&l.thumb, &c.thumb) &&
+                    l.max_offset == c.max_offset)
+            << c.total << " " << c.offset;
     }
 }
-
 }  // namespace
