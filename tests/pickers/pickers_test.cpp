@@ -78,15 +78,15 @@ TEST_F(PickerDialog, KeysWheelScrollbarAndADoubleClickPickAFile) {
     ztest::Frame first;
     Script script;
     script
-        .At(2, [](Script& s) { s.Click(100, 67 + 24, 2); })             // into "sub"
-        .Then([&](Script& s) { first = s.Capture(), s.Wheel(-1000); })  // to the end: 84
-        .Then([](Script& s) { s.Wheel(3); })                            // 81
-        .Then([](Script& s) { s.Press(743, 420), s.Motion(743, 320), s.Release(743, 320); })
-        .Then([](Script& s) { s.Click(743, 100); })  // 57, then a page up: 40
+        .At(2, [](Script& s) { s.Click(100, 67 + 24, 2); })                // into "sub"
+        .Then([&](Script& s) { first = s.Capture(), s.Click(743, 300); })  // a page down: 17
+        .Then([](Script& s) { s.Wheel(-3); })                              // 20
+        .Then([](Script& s) { s.Press(743, 150), s.Motion(743, 250), s.Release(743, 250); })
+        .Then([](Script& s) { s.Click(743, 100); })  // the thumb dragged to 44, a page up: 27
         .Then([](Script& s) { s.Click(100, 67 + 24 * 2), s.Key(SDLK_DOWN), s.Key(SDLK_DOWN); })
         .Then([](Script& s) { s.Key(SDLK_RETURN); });
     EXPECT_EQ(ShowSimpleFloppyFilePicker(nullptr, dir_.path().string()),
-              (dir_.path() / "sub/f043.img").string());
+              (dir_.path() / "sub/f030.img").string());
     EXPECT_FALSE(script.timed_out());
     // The first frame in "sub": the row under the double click selected, a thumb of 69 of 414
     // pixels at the top.
