@@ -79,35 +79,23 @@ using ztest::Note;
 
 extern "C" {
 
-#define ZTEST_OPEN(name)                                                      \
-    int name(char const* path, int flags, ...) {                              \
-        static auto const next = Next<int (*)(char const*, int, ...)>(#name); \
-        va_list args;                                                         \
-        va_start(args, flags);                                                \
-        mode_t const mode = ztest::ModeOf(flags, args);                       \
-        va_end(args);                                                         \
-        if (ztest::Writes(flags)) {                                           \
-            Note(#name, path);                                                \
-        }                                                                     \
-        return next(path, flags, mode);                                       \
+// The opens: noted when their flags may write, then made with the same mode.
+#define ZTEST_OPEN(name, params, args)                       \
+    int name params {                                        \
+        static auto const next = Next<int(*) params>(#name); \
+        va_list list;                                        \
+        va_start(list, flags);                               \
+        mode_t const mode = ztest::ModeOf(flags, list);      \
+        va_end(list);                                        \
+        if (ztest::Writes(flags)) {                          \
+            Note(#name, path);                               \
+        }                                                    \
+        return next args;                                    \
     }
-ZTEST_OPEN(open)
-ZTEST_OPEN(open64)
-
-#define ZTEST_OPENAT(name)                                                         \
-    int name(int dir, char const* path, int flags, ...) {                          \
-        static auto const next = Next<int (*)(int, char const*, int, ...)>(#name); \
-        va_list args;                                                              \
-        va_start(args, flags);                                                     \
-        mode_t const mode = ztest::ModeOf(flags, args);                            \
-        va_end(args);                                                              \
-        if (ztest::Writes(flags)) {                                                \
-            Note(#name, path);                                                     \
-        }                                                                          \
-        return next(dir, path, flags, mode);                                       \
-    }
-ZTEST_OPENAT(openat)
-ZTEST_OPENAT(openat64)
+ZTEST_OPEN(open, (char const* path, int flags, ...), (path, flags, mode))
+ZTEST_OPEN(open64, (char const* path, int flags, ...), (path, flags, mode))
+ZTEST_OPEN(openat, (int dir, char const* path, int flags, ...), (dir, path, flags, mode))
+ZTEST_OPEN(openat64, (int dir, char const* path, int flags, ...), (dir, path, flags, mode))
 
 #define ZTEST_FOPEN(name)                                                          \
     FILE* name(char const* path, char const* mode) {                               \
