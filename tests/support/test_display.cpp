@@ -6,7 +6,9 @@
 
 #include <SDL.h>
 #include <SDL_ttf.h>
+#include <fcntl.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -78,21 +80,29 @@ void StartTestDisplay() {
     char const* display = std::getenv("DISPLAY");
     bool const own_server =
         std::strcmp(requested, "x11") == 0 && (display == nullptr || display[0] == '\0');
-    // Xvfb picks a free display itself; two test processes starting at the same moment
-    // can still collide on one number, so a server that does not answer is replaced.
+    // Xvfb picks a free display itself, but two servers starting at the same moment can
+    // pick one number; test processes therefore start theirs one at a time, under a lock.
+    int const lock = own_server ? open("/tmp/zorvane_test_xvfb.lock", O_CREAT | O_RDWR, 0666) : -1;
+    if (lock >= 0) {
+        flock(lock, LOCK_EX);
+    }
     for (int attempt = 0; attempt < 8; ++attempt) {
         if (own_server && !StartXvfb()) {
             usleep(100000u * static_cast<unsigned>(attempt + 1));
             continue;
         }
         if (SDL_Init(SDL_INIT_VIDEO) == 0) {
+            if (lock >= 0) {
+                close(lock);
+            }
             return;
         }
         std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
         if (!own_server) {
             break;
         }
-        SDL_Quit();
+        // No SDL_Quit here: it would unload libraries whose allocations the leak
+        // checker could then no longer place.
         StopXvfb();
     }
     std::fprintf(stderr, "cannot start the %s video driver for the tests\n", requested);
