@@ -50,6 +50,15 @@ SoftwareWindow::~SoftwareWindow() {
     SDL_DestroyWindow(window_);
 }
 
+std::filesystem::path MakeScratchFolder(char const* prefix) {
+    std::string pattern =
+        (std::filesystem::temp_directory_path() / (std::string(prefix) + "_XXXXXX")).string();
+    if (mkdtemp(pattern.data()) == nullptr) {
+        std::abort();
+    }
+    return pattern;
+}
+
 void ClearAndPresent(SDL_Renderer* renderer) {
     SDL_SetRenderDrawColor(renderer, 18, 21, 27, 255);
     SDL_RenderClear(renderer);

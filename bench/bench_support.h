@@ -6,6 +6,7 @@
 #include <SDL.h>
 #include <benchmark/benchmark.h>
 
+#include <filesystem>
 #include <map>
 #include <string>
 #include <utility>
@@ -31,6 +32,10 @@ private:
 
 // Clears and presents `renderer`: the least that any dialog turn costs.
 void ClearAndPresent(SDL_Renderer* renderer);
+
+// A new empty folder in the temporary directory, named after `prefix`; aborts when
+// none can be made. The caller removes it.
+std::filesystem::path MakeScratchFolder(char const* prefix);
 
 // Starts SDL video, on the dummy driver unless SDL_VIDEODRIVER names another one.
 // Prints SDL's error and returns false when it cannot start.

@@ -1,6 +1,8 @@
 // The scratch folder, message box text and settings record of the dialog report.
 #include "dialog_inputs.h"
 
+#include "bench_support.h"
+
 #include <unistd.h>
 
 #include <cstdlib>
@@ -30,12 +32,7 @@ void WriteShaderSource(fs::path const& path) {
 
 }  // namespace
 
-ReportFolder::ReportFolder() {
-    std::string pattern = (fs::temp_directory_path() / "zorvane_report_XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) {
-        std::abort();
-    }
-    path_ = pattern;
+ReportFolder::ReportFolder() : path_(MakeScratchFolder("zorvane_report")) {
     for (int i = 0; i < kSubfolders; ++i) {
         fs::create_directory(path_ / ("folder_" + std::to_string(i)));
     }

@@ -20,12 +20,7 @@ using namespace zorvane::frontend::gui;
 // accepted images and other files. Made once per size and removed at exit.
 class BenchFolder {
 public:
-    explicit BenchFolder(int count) {
-        std::string pattern = (fs::temp_directory_path() / "zorvane_bench_XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) {
-            std::abort();
-        }
-        path_ = pattern;
+    explicit BenchFolder(int count) : path_(zbench::MakeScratchFolder("zorvane_bench")) {
         for (int i = 0; i < count; ++i) {
             std::string const stem = "Entry_" + std::to_string((i * 7919) % count);
             if (i % 10 == 0) {
