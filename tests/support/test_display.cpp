@@ -6,6 +6,7 @@
 
 #include <SDL.h>
 #include <SDL_ttf.h>
+#include <X11/Xlib.h>
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
@@ -21,9 +22,20 @@ namespace ztest {
 namespace {
 
 pid_t g_xvfb_pid = -1;
+int g_xvfb_log = -1;  // the server's own messages: an unlinked file, read when a start fails
 
 // Starts Xvfb on a free display number, which it writes to a pipe once it is ready.
 bool StartXvfb() {
+    if (g_xvfb_log < 0) {
+        char path[] = "/tmp/zorvane_xvfb_log_XXXXXX";
+        g_xvfb_log = mkostemp(path, O_CLOEXEC);
+        if (g_xvfb_log >= 0) {
+            unlink(path);
+        }
+    }
+    if (g_xvfb_log >= 0 && (ftruncate(g_xvfb_log, 0) != 0 || lseek(g_xvfb_log, 0, SEEK_SET) != 0)) {
+        return false;
+    }
     int fds[2];
     if (pipe(fds) != 0) {
         return false;
@@ -34,8 +46,7 @@ bool StartXvfb() {
     }
     if (pid == 0) {
         close(fds[0]);
-        // A collision on a display number is retried by the parent; keep its report quiet.
-        freopen("/dev/null", "w", stderr);
+        dup2(g_xvfb_log >= 0 ? g_xvfb_log : open("/dev/null", O_WRONLY), STDERR_FILENO);
         std::string const fd = std::to_string(fds[1]);
         execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", "1280x1024x24",
                "-nolisten", "tcp", "-noreset", static_cast<char*>(nullptr));
@@ -45,15 +56,37 @@ bool StartXvfb() {
     char buffer[32] = {};
     ssize_t const n = read(fds[0], buffer, sizeof(buffer) - 1);
     close(fds[0]);
+    g_xvfb_pid = pid;
     if (n <= 0) {
-        kill(pid, SIGTERM);
-        waitpid(pid, nullptr, 0);
         return false;
     }
-    g_xvfb_pid = pid;
     std::string display = ":" + std::string(buffer, std::strcspn(buffer, "\n"));
     setenv("DISPLAY", display.c_str(), 1);
-    return true;
+    // The number is written once the server listens; a client of our own proves it
+    // answers before SDL is asked to use it.
+    for (int tries = 0; tries < 50; ++tries) {
+        if (Display* client = XOpenDisplay(display.c_str())) {
+            XCloseDisplay(client);
+            return true;
+        }
+        if (waitpid(pid, nullptr, WNOHANG) == pid) {
+            g_xvfb_pid = -1;
+            break;
+        }
+        usleep(100000);
+    }
+    std::fprintf(stderr, "no X client can connect to Xvfb on %s\n", display.c_str());
+    return false;
+}
+
+// Copies what the last server printed to our stderr.
+void PrintXvfbLog() {
+    char buffer[4096];
+    ssize_t n = 0;
+    for (off_t at = 0; g_xvfb_log >= 0 && (n = pread(g_xvfb_log, buffer, sizeof(buffer), at)) > 0;
+         at += n) {
+        std::fwrite(buffer, 1, static_cast<size_t>(n), stderr);
+    }
 }
 
 }  // namespace
@@ -82,12 +115,15 @@ void StartTestDisplay() {
         std::strcmp(requested, "x11") == 0 && (display == nullptr || display[0] == '\0');
     // Xvfb picks a free display itself, but two servers starting at the same moment can
     // pick one number; test processes therefore start theirs one at a time, under a lock.
-    int const lock = own_server ? open("/tmp/zorvane_test_xvfb.lock", O_CREAT | O_RDWR, 0666) : -1;
+    int const lock =
+        own_server ? open("/tmp/zorvane_test_xvfb.lock", O_CREAT | O_RDWR | O_CLOEXEC, 0666) : -1;
     if (lock >= 0) {
         flock(lock, LOCK_EX);
     }
     for (int attempt = 0; attempt < 8; ++attempt) {
         if (own_server && !StartXvfb()) {
+            PrintXvfbLog();
+            StopXvfb();
             usleep(100000u * static_cast<unsigned>(attempt + 1));
             continue;
         }
@@ -101,6 +137,7 @@ void StartTestDisplay() {
         if (!own_server) {
             break;
         }
+        PrintXvfbLog();
         // No SDL_Quit here: it would unload libraries whose allocations the leak
         // checker could then no longer place.
         StopXvfb();
