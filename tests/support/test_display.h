@@ -9,10 +9,8 @@
 namespace ztest {
 
 // Starts SDL video on $SDL_VIDEODRIVER (dummy when unset). For x11 without a
-// DISPLAY it first starts a private Xvfb and points DISPLAY at it. A display that
-// cannot be started ends the process, unless ZORVANE_TEST_X_OPTIONAL=1 allows a
-// private X server to be missing: then it returns false and the tests are skipped.
-bool StartTestDisplay();
+// DISPLAY it first starts a private Xvfb and points DISPLAY at it.
+void StartTestDisplay();
 void StopTestDisplay();
 
 // The video driver in use.
