@@ -6,13 +6,12 @@
 
 #include <SDL.h>
 #include <SDL_ttf.h>
-#include <X11/Xlib.h>
 #include <fcntl.h>
 #include <signal.h>
-#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -53,30 +52,26 @@ bool StartXvfb() {
         _exit(127);
     }
     close(fds[1]);
-    char buffer[32] = {};
-    ssize_t const n = read(fds[0], buffer, sizeof(buffer) - 1);
-    close(fds[0]);
     g_xvfb_pid = pid;
-    if (n <= 0) {
-        return false;
-    }
-    std::string display = ":" + std::string(buffer, std::strcspn(buffer, "\n"));
-    setenv("DISPLAY", display.c_str(), 1);
-    // The number is written once the server listens; a client of our own proves it
-    // answers before SDL is asked to use it.
-    for (int tries = 0; tries < 50; ++tries) {
-        if (Display* client = XOpenDisplay(display.c_str())) {
-            XCloseDisplay(client);
-            return true;
+    // The server writes its number and the newline in two writes, and dies if the pipe
+    // is gone before the second: read the whole line before closing it.
+    std::string number;
+    for (char c = 0;;) {
+        ssize_t const n = read(fds[0], &c, 1);
+        if (n < 0 && errno == EINTR) {
+            continue;
         }
-        if (waitpid(pid, nullptr, WNOHANG) == pid) {
-            g_xvfb_pid = -1;
+        if (n != 1 || c == '\n') {
             break;
         }
-        usleep(100000);
+        number += c;
     }
-    std::fprintf(stderr, "no X client can connect to Xvfb on %s\n", display.c_str());
-    return false;
+    close(fds[0]);
+    if (number.empty()) {
+        return false;
+    }
+    setenv("DISPLAY", (":" + number).c_str(), 1);
+    return true;
 }
 
 // Copies what the last server printed to our stderr.
@@ -113,13 +108,6 @@ void StartTestDisplay() {
     char const* display = std::getenv("DISPLAY");
     bool const own_server =
         std::strcmp(requested, "x11") == 0 && (display == nullptr || display[0] == '\0');
-    // Xvfb picks a free display itself, but two servers starting at the same moment can
-    // pick one number; test processes therefore start theirs one at a time, under a lock.
-    int const lock =
-        own_server ? open("/tmp/zorvane_test_xvfb.lock", O_CREAT | O_RDWR | O_CLOEXEC, 0666) : -1;
-    if (lock >= 0) {
-        flock(lock, LOCK_EX);
-    }
     for (int attempt = 0; attempt < 8; ++attempt) {
         if (own_server && !StartXvfb()) {
             PrintXvfbLog();
@@ -128,9 +116,6 @@ void StartTestDisplay() {
             continue;
         }
         if (SDL_Init(SDL_INIT_VIDEO) == 0) {
-            if (lock >= 0) {
-                close(lock);
-            }
             return;
         }
         std::fprintf(stderr, "SDL_Init: %s\n", SDL_GetError());
