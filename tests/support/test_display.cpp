@@ -74,7 +74,7 @@ bool StartXvfb() {
     return true;
 }
 
-// Copies what the last server printed to our stderr.
+// Copies what the last server printed, up to its exit, to our stderr.
 void PrintXvfbLog() {
     char buffer[4096];
     ssize_t n = 0;
@@ -110,8 +110,8 @@ void StartTestDisplay() {
         std::strcmp(requested, "x11") == 0 && (display == nullptr || display[0] == '\0');
     for (int attempt = 0; attempt < 8; ++attempt) {
         if (own_server && !StartXvfb()) {
-            PrintXvfbLog();
             StopXvfb();
+            PrintXvfbLog();
             usleep(100000u * static_cast<unsigned>(attempt + 1));
             continue;
         }
@@ -122,10 +122,10 @@ void StartTestDisplay() {
         if (!own_server) {
             break;
         }
-        PrintXvfbLog();
         // No SDL_Quit here: it would unload libraries whose allocations the leak
         // checker could then no longer place.
         StopXvfb();
+        PrintXvfbLog();
     }
     std::fprintf(stderr, "cannot start the %s video driver for the tests\n", requested);
     std::exit(1);
