@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Draws the reference pictures of tests/frames/references anew on this machine. A
+# picture changes only in a commit whose message says why the dialog looks different.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+bash scripts/setup.sh
+build=build/tests
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build "$build" -j"$(nproc)" --target frames_tests
+ZORVANE_RECORD_FRAMES=1 ctest --test-dir "$build" -R '^Dialogs/ReferenceFrames\.' -j"$(nproc)" \
+    --output-on-failure
+git status --short tests/frames/references
