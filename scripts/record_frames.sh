@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 bash scripts/setup.sh
 build=build/tests
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build "$build" -j"$(nproc)" --target frames_tests
-ZORVANE_RECORD_FRAMES=1 ctest --test-dir "$build" -R '^Dialogs/ReferenceFrames\.' -j"$(nproc)" \
+cmake --build "$build" -j"$(nproc)" --target library_tests
+ZORVANE_RECORD_FRAMES=1 ctest --test-dir "$build" -R "^Dialogs/DialogStates\." -j"$(nproc)" \
     --output-on-failure
-git status --short tests/frames/references
+git status --short tests/library/references

@@ -1,14 +1,10 @@
-// The screenshot dialog: its names and value texts, its form model, and one Save with a picker.
+// The screenshot dialog's names and value texts, and its form model under keys and text.
 #include "screenshot/screenshot_dialog.h"
-#include "support/dialog_checks.h"
-#include "support/dialog_script.h"
-#include "support/temp_dir.h"
 #include "support/test_display.h"
 
 namespace {
 
 using namespace zorvane::frontend::gui;
-using Script = ztest::DialogScript;
 using Format = ScreenshotSaveFormat;
 Format const P = Format::Png, J = Format::Jpeg, B = Format::Bmp;
 
@@ -61,29 +57,6 @@ TEST(ScreenshotForm, KeysAndTextEditOnlyTheFocusedFieldAndMoveTheFocus) {
                       state.jpeg_quality_text + " " + state.png_compression_text,
                   expected);
     }
-}
-
-class ScreenshotDialog : public ztest::DialogTest {};
-
-TEST_F(ScreenshotDialog, SaveReturnsTheChosenFormatTheTypedValueAndThePickedFolder) {
-    ztest::TempDir dir;
-    ztest::Frame first, list_open;
-    Script script;
-    script
-        .At(1, [&](Script& s) { first = s.Capture(), s.Click(300, 230); })  // the format field
-        .Then([&](Script& s) {  // the PNG row, its value, then "Choose"
-            list_open = s.Capture(), s.Click(300, 262), s.Key(SDLK_BACKSPACE), s.Text("7");
-            s.Click(790, 160);
-        })
-        .Then([](Script& s) { s.Key(SDLK_RETURN), s.Click(700, 510); }, 2)  // "..", then "Use"
-        .Then([](Script& s) { s.Click(780, 365); }, 2);                     // Save
-    ScreenshotSaveDialogResult const r = ShowScreenshotSaveDialog(
-        nullptr, dir.Write("sub/x", "").parent_path().string(), "c.png", J, 500, -1, false);
-    EXPECT_EQ(std::tie(r.accepted, r.file_name, r.format, r.jpeg_quality, r.png_compression),
-              std::make_tuple(true, "c.png", P, 100, 7));
-    EXPECT_TRUE(std::filesystem::equivalent(r.folder, dir.path())) << r.folder;
-    EXPECT_TRUE(ztest::HasColor(first, 250, 82, {160, 176, 210, 255})) << "the name focused";
-    EXPECT_TRUE(ztest::HasColor(list_open, 255, 286 + 2, {52, 66, 90, 255})) << "JPEG selected";
 }
 
 }  // namespace

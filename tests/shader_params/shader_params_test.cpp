@@ -1,36 +1,19 @@
 // Shader parameters: the parsers' line rules, presets and first passes, the dialog's model,
-// and the dialog run for real: wheel, drags, Apply, the ways out and key pixels.
+// and the box that stands in for a dialog without parameters.
 #include "shader_params/shader_dialog_model.h"
 #include "shader_params/shader_param_parsers.h"
-#include "support/dialog_checks.h"
-#include "support/dialog_script.h"
+#include "support/records.h"
+#include "support/sdl_recorder.h"
 #include "support/temp_dir.h"
 #include "support/test_display.h"
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-#include <type_traits>
-
 namespace {
 
 using namespace zorvane::frontend::gui;
-using Script = ztest::DialogScript;
 
-// Specs as "name [label] default min max step;", values as "name=value;".
-template <typename Record>
-std::string Describe(std::vector<Record> const& records) {
-    std::ostringstream text;
-    for (Record const& r : records) {
-        if constexpr (std::is_same_v<Record, ShaderParameterSpec>) {
-            text << r.name << " [" << r.label << "] " << r.default_value << " " << r.min_value
-                 << " " << r.max_value << " " << r.step << ";";
-        } else {
-            text << r.name << "=" << r.value << ";";
-        }
-    }
-    return text.str();
-}
+using ztest::Describe;
 
 TEST(ShaderParameterParsers, DeclarationAndPresetLinesAsWritten) {
     // clang-format off
@@ -128,52 +111,21 @@ TEST(ShaderDialogModel, SnappingPointerMappingRowsAndGeometry) {
 
 class ShaderDialog : public ztest::DialogTest {};
 
-// Six rows open a 900 x 500 window with 88 pixels to scroll. Row r's top lies at
-// 20 + 80 r - scroll, its slider bar at (260, top + 34, 275, 13); a wheel notch scrolls 40.
-TEST_F(ShaderDialog, WheelAndDragsSetValuesApplyHandsThemOverAndOnlyCancelOrEscapeWithdrawIt) {
+// A file without declarations says so in a box over the parent and opens no window.
+TEST_F(ShaderDialog, AShaderWithoutParametersShowsABoxInstead) {
     ztest::TempDir dir;
-    std::string text;
-    for (std::string d : {"A 0.5 0 1 0.25", "B 0.5 0 1 0", "C 2 0 10 1", "D 0 -1 1 0.5",
-                          "E 1 0 2 0.1", "F 3 0 4 1"}) {
-        text += "#pragma parameter " + d.replace(1, 0, " \"" + d.substr(0, 1) + "\"") + "\n";
-    }
-    // Closing the window and a quit keep the Apply; Cancel and Escape withdraw it.
-    Script::Step const ends[] = {[](Script& s) { s.CloseWindow(); }, [](Script& s) { s.Quit(); },
-                                 [](Script& s) { s.Click(710, 470); },
-                                 [](Script& s) { s.Key(SDLK_ESCAPE); }};
-    for (int end = 0; end < 4; ++end) {
-        ztest::ResetRecorder();
-        ztest::Faults().skip_delays = true;
-        std::vector<std::vector<ShaderParameterValue>> applied;
-        ztest::Frame f;
-        Script script;
-        script
-            .At(2, [&](Script& s) { f = s.Capture(), s.Hover(300, 60), s.Wheel(1); })  // A +0.25
-            .Then([](Script& s) { s.Hover(300, 140), s.Wheel(-1); })  // scrolled 40: C (row 2) -1
-            .Then([](Script& s) { s.Press(889, 300), s.Motion(889, 0), s.Release(889, 0); })
-            .Then([](Script& s) { s.Press(397, 140), s.Motion(329, 9999), s.Release(329, 9999); })
-            .Then([](Script& s) { s.Press(100, 470), s.Release(840, 474); })  // Apply on release
-            .Then([](Script& s) { s.Hover(300, 140), s.Wheel(1); })           // B +2 %, not applied
-            .Then(ends[end]);
-        ShaderDialogResult const result = ShowShaderParameterDialog(
-            nullptr, dir.Write("six.glsl", text).string(), 1.0f,
-            [&](auto const& values) { applied.push_back(values); },
-            {{"Z", 1}, {"F", 9}, {"E", 0.33f}, {"F", 1}});  // the first of each, clamped, snapped
-        EXPECT_FALSE(script.timed_out());
-        ASSERT_EQ(applied.size(), 1u);
-        EXPECT_EQ(Describe(applied[0]), "A=0.75;B=0.250909;C=1;D=0;E=0.3;F=4;");
-        EXPECT_EQ(Describe(result.values), "A=0.75;B=0.270909;C=1;D=0;E=0.3;F=4;");
-        EXPECT_EQ(result.accepted, end < 2);
-        // Beta at 0.5 fills its bar to 391, the rest is bare; the thumb is 339 high.
-        ASSERT_EQ(std::tie(f.width, f.height), std::make_tuple(900, 500));
-        EXPECT_TRUE(ztest::HasColor(f, 391, 140, {106, 156, 255, 255}));
-        EXPECT_TRUE(ztest::HasColor(f, 404, 140, {52, 56, 64, 255}));
-        EXPECT_TRUE(ztest::HasColor(f, 888, 400, {30, 33, 40, 255}));
-    }
-    ztest::ResetRecorder();  // a shader without parameters: a box and no window
-    ShowShaderParameterDialog(nullptr, dir.Write("plain", "void main() {}\n").string(), 1, {}, {});
-    EXPECT_EQ(ztest::CountCalls("SDL_ShowSimpleMessageBox"), 1);
-    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 0);
+    SDL_Window* parent = SDL_CreateWindow("host", 0, 0, 320, 200, SDL_WINDOW_HIDDEN);
+    ShaderDialogResult const result = ShowShaderParameterDialog(
+        parent, dir.Write("plain", "void main() {}\n").string(), 1, {}, {{"A", 1}});
+    auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].text,
+              "Shader Parameters\nNo #pragma parameter lines were found in the "
+              "selected shader file.");
+    EXPECT_EQ(boxes[0].object, parent);
+    EXPECT_EQ(ztest::Describe(result), "not accepted ");
+    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 1) << "the host's window alone";
+    SDL_DestroyWindow(parent);
 }
 
 }  // namespace

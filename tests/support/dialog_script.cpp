@@ -136,4 +136,55 @@ void DialogScript::Leave() const {
     pointer.window = nullptr;
 }
 
+namespace gestures {
+
+using Step = DialogScript::Step;
+
+Step Key(SDL_Keycode key) {
+    return [key](DialogScript& s) { s.Key(key); };
+}
+Step Text(char const* text) {
+    return [text](DialogScript& s) { s.Text(text); };
+}
+Step Wheel(int notches) {
+    return [notches](DialogScript& s) { s.Wheel(notches); };
+}
+Step Hover(int x, int y) {
+    return [x, y](DialogScript& s) {
+        s.Hover(x, y);
+        s.Motion(x, y);
+    };
+}
+Step Press(int x, int y) {
+    return [x, y](DialogScript& s) {
+        s.Hover(x, y);
+        Pointer().buttons = SDL_BUTTON_LMASK;
+        s.Press(x, y);
+    };
+}
+Step Release(int x, int y) {
+    return [x, y](DialogScript& s) {
+        s.Hover(x, y);
+        Pointer().buttons = 0;
+        s.Release(x, y);
+    };
+}
+Step Click(int x, int y, Uint8 clicks) {
+    return [x, y, clicks](DialogScript& s) {
+        s.Hover(x, y);
+        s.Click(x, y, clicks);
+    };
+}
+Step Resize(int width, int height) {
+    return [width, height](DialogScript& s) { SDL_SetWindowSize(s.Window(), width, height); };
+}
+Step Quit() {
+    return [](DialogScript& s) { s.Quit(); };
+}
+Step CloseWindow() {
+    return [](DialogScript& s) { s.CloseWindow(); };
+}
+
+}  // namespace gestures
+
 }  // namespace ztest

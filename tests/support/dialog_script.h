@@ -70,4 +70,19 @@ private:
 // Pushes any event into SDL's queue.
 void PushEvent(SDL_Event event);
 
+// Gestures for scripts that read as a list of steps, one gesture a heartbeat. The
+// pointer ones also place the polled pointer, so hover and held buttons show.
+namespace gestures {
+DialogScript::Step Key(SDL_Keycode key);
+DialogScript::Step Text(char const* text);
+DialogScript::Step Wheel(int notches);
+DialogScript::Step Hover(int x, int y);  // a move, the left button as it was
+DialogScript::Step Press(int x, int y);  // the left button pressed there and held
+DialogScript::Step Release(int x, int y);
+DialogScript::Step Click(int x, int y, Uint8 clicks = 1);
+DialogScript::Step Resize(int width, int height);
+DialogScript::Step Quit();
+DialogScript::Step CloseWindow();
+}  // namespace gestures
+
 }  // namespace ztest

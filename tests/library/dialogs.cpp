@@ -1,0 +1,244 @@
+// The dialogs of the whole-library tests, their sample folder and the checks around a run.
+#include "dialogs.h"
+
+#include "file_watch.h"
+#include "gui/about.h"
+#include "gui/frame.h"
+#include "gui/hdd_image.h"
+#include "gui/pickers.h"
+#include "gui/screenshot.h"
+#include "gui/settings.h"
+#include "gui/shader_params.h"
+#include "support/records.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <set>
+
+namespace ztest {
+
+namespace fs = std::filesystem;
+namespace gui = zorvane::frontend::gui;
+
+namespace {
+
+std::string Broken(bool holds, std::string const& what) {
+    return holds ? std::string() : what;
+}
+
+bool SettingsInRange(gui::SettingsDialogValues const& v) {
+    std::set<std::string> const fonts{"pixel", "ttf", "ttf-hires", "ttf-custom"};
+    std::set<int> const rates{25, 30, 50, 60};
+    return rates.count(v.fps) > 0 && fonts.count(v.font_mode) > 0 &&
+           (v.renderer_mode == "hardware" || v.renderer_mode == "software") &&
+           v.mouse_capture_gain >= 0.25 && v.mouse_capture_gain <= 3.0 &&
+           v.hdd_sounds_volume >= 0.0 && v.hdd_sounds_volume <= 1.0 &&
+           (v.screenshot_capture_size_mode == 0 || v.screenshot_capture_size_mode == 1);
+}
+
+}  // namespace
+
+Dialog MessageBox(gui::SdlMessageBox::Type type, std::string message) {
+    return [type, message](SDL_Window* parent) {
+        gui::SdlMessageBox::Config config;
+        config.title = "Reset the machine?";
+        config.message = message;
+        config.type = type;
+        config.width = 420;
+        config.buttons = {{1, "Reset", true, false, {}}, {0, "Cancel", false, true, {}}};
+        int const id = gui::SdlMessageBox(config).Show(parent, 1.0f);
+        return Outcome{std::to_string(id), id == -1, Broken(id >= -1 && id <= 1, "an unknown id")};
+    };
+}
+
+Dialog BareMessageBox() {
+    return [](SDL_Window* parent) {
+        int const id = gui::SdlMessageBox(gui::SdlMessageBox::Config{}).Show(parent, 1.0f);
+        return Outcome{std::to_string(id), id == -1, Broken(id == -1 || id == 1, "an unknown id")};
+    };
+}
+
+Dialog FolderPicker(std::string start) {
+    return [start](SDL_Window* parent) {
+        std::string const picked = gui::ShowSimpleFolderPicker(parent, {"", "", "", "", start});
+        return Outcome{picked, picked.empty(),
+                       Broken(picked.empty() || fs::is_directory(picked), "not a folder")};
+    };
+}
+
+Dialog FilePicker(PickFile show, std::string kinds, std::string start) {
+    return [show, kinds, start](SDL_Window* parent) {
+        std::string const picked = show(parent, start);
+        std::string const kind = fs::u8path(picked).extension().u8string() + " ";
+        bool const fits = fs::is_regular_file(fs::u8path(picked)) && kind.size() > 1 &&
+                          kinds.find(kind) != std::string::npos;
+        return Outcome{picked, picked.empty(), Broken(picked.empty() || fits, "not a " + kinds)};
+    };
+}
+
+Dialog FontPicker() {
+    return FilePicker(gui::ShowSimpleTtfFilePicker, ".ttf .otf ");
+}
+Dialog FloppyPicker() {
+    return FilePicker(gui::ShowSimpleFloppyFilePicker, ".ima .img .IMA .IMG ");
+}
+Dialog ShaderPicker(std::string start) {
+    return FilePicker(gui::ShowSimpleShaderFilePicker, ".glsl .glslp .frag .vert .fs .vs ", start);
+}
+
+Dialog Settings(std::string font_mode) {
+    return [font_mode](SDL_Window* parent) {
+        gui::SettingsDialogValues values;
+        values.fps = 60;
+        values.font_mode = font_mode;
+        values.custom_font_path = font_mode == "ttf-custom" ? "data/ttf/Mono Retro.ttf" : "";
+        values.cpu_mhz = 4.77;
+        values.mouse_capture_gain = 1.5;
+        values.hdd_sounds_enabled = true;
+        values.hdd_sounds_volume = 0.35;
+        Outcome outcome;
+        gui::ShowSettingsDialog(parent, 1.0f, values, [&](gui::SettingsDialogValues const& v) {
+            outcome.result += (outcome.nothing_done ? "apply " : " | apply ") + Describe(v);
+            outcome.nothing_done = false;
+            if (!SettingsInRange(v)) {
+                outcome.broken = "settings out of range";
+            }
+        });
+        return outcome;
+    };
+}
+
+Dialog ShaderParameters() {
+    return [](SDL_Window* parent) {
+        Outcome outcome;
+        gui::ShaderDialogResult const result = gui::ShowShaderParameterDialog(
+            parent, "shaders/crt.glsl", 1.0f,
+            [&](std::vector<gui::ShaderParameterValue> const& values) {
+                outcome.result += "apply " + Describe(values) + " | ";
+            },
+            {{"MASK", 0.65f}});
+        outcome.result += Describe(result);
+        outcome.nothing_done = !result.accepted;
+        std::string names;
+        for (gui::ShaderParameterValue const& value : result.values) {
+            names += value.name + (std::isfinite(value.value) ? " " : "! ");
+        }
+        outcome.broken = Broken(names == "CURVE SCAN MASK GAMMA TILT ", "values " + names);
+        return outcome;
+    };
+}
+
+Dialog Screenshot(gui::ScreenshotSaveFormat format) {
+    return [format](SDL_Window* parent) {
+        gui::ScreenshotSaveDialogResult const r = gui::ShowScreenshotSaveDialog(
+            parent, "out/captures", "capture.png", format, 85, 6, true);
+        std::string const extension = gui::ScreenshotSaveFormatExtension(r.format);
+        bool const named = r.file_name.size() > extension.size() &&
+                           r.file_name.compare(r.file_name.size() - extension.size(),
+                                               extension.size(), extension) == 0;
+        bool const ok = named && !r.folder.empty() && r.jpeg_quality >= 1 &&
+                        r.jpeg_quality <= 100 && r.png_compression >= 0 && r.png_compression <= 9;
+        return Outcome{Describe(r), !r.accepted, Broken(ok, "an unusable name or value")};
+    };
+}
+
+Dialog DiskImage() {
+    return [](SDL_Window* parent) {
+        gui::HddCreateDialogResult const r =
+            gui::ShowSimpleHddCreateDialog(parent, "out/images", 0);
+        bool const ok = r.size_mb >= 1 && !r.folder.empty() && !r.file_name.empty();
+        return Outcome{Describe(r), !r.accepted, Broken(ok, "an empty size, folder or name")};
+    };
+}
+
+Dialog About() {
+    return [](SDL_Window* parent) {
+        gui::ShowSimpleAboutDialog(parent, 1.0f);
+        Outcome outcome;
+        for (SdlCall const& call : RecordedCalls("SDL_OpenURL")) {
+            outcome.result += "open " + call.text + " ";
+        }
+        return outcome;
+    };
+}
+
+SampleFolder::SampleFolder() {
+    std::error_code ignored;
+    fs::create_directories(dir_.path() / "data/ttf", ignored);
+    fs::copy(fs::current_path() / "data/ttf", dir_.path() / "data/ttf", ignored);
+    for (char const* name :
+         {"DOS622_1.IMA", "DOS622_2.IMA", "DOS622_3.IMA", "TOOLS.IMG", "dos_tools.img",
+          "readme.txt", "drivers/MOUSE.IMG", "games/keep", "system/keep"}) {
+        dir_.Write(std::string("floppies/") + name, "");
+    }
+    for (int disk = 10; disk < 40; ++disk) {
+        dir_.Write("floppies/GAMES_" + std::to_string(disk) + ".IMG", "");
+    }
+    dir_.Write("shaders/crt.glslp", "shaders = 1\nshader0 = crt.glsl\n");
+    dir_.Write("shaders/notes.txt", "");
+    dir_.Write("shaders/crt.glsl",
+               "#pragma parameter CURVE \"Screen curvature\" 0.08 0.0 0.25 0.01\n"
+               "#pragma parameter SCAN \"Scanline weight\" 6.0 0.5 12.0 0.5\n"
+               "#pragma parameter MASK \"Mask strength\" 0.5 0.0 1.0 0.05\n"
+               "#pragma parameter GLOW \"\" 0.3 0.0 1.0 0.0\n"
+               "#pragma parameter GAMMA \"Output gamma\" 2.2 1.0 3.0 0.1\n"
+               "#pragma parameter TILT \"Tilt\" 0.0 -1.0 1.0 0.25\n");
+    dir_.Write("out/captures/old.png", "");
+    dir_.Write("out/images/c.img", "");
+    cwd_ = std::make_unique<ScopedWorkingDirectory>(dir_.path());
+}
+
+SDL_Window* WholeDialogTest::parent_ = nullptr;
+
+void WholeDialogTest::SetUpTestSuite() {
+    parent_ = SDL_CreateWindow("host", 100, 100, 640, 400, SDL_WINDOW_HIDDEN);
+}
+
+void WholeDialogTest::TearDownTestSuite() {
+    SDL_DestroyWindow(parent_);
+}
+
+void WholeDialogTest::SetUp() {
+    DialogTest::SetUp();
+    ResetRecorder();
+    sample_ = std::make_unique<SampleFolder>();
+}
+
+void WholeDialogTest::ResetRecorder() {
+    ztest::ResetRecorder();
+    Faults().skip_delays = true;
+    Faults().fail_accelerated_renderer = true;
+}
+
+Outcome WholeDialogTest::Run(Dialog const& dialog, DialogScript const& script) {
+    gui::ShutdownSdlUiCachedFonts();  // cached fonts are the cache's, not the call's
+    SDL_StopTextInput();
+    LiveObjects const before = CountLiveObjects();
+    Outcome outcome;
+    std::vector<std::string> writes;
+    {
+        FileWriteWatch const watch;
+        outcome = dialog(parent_);
+        writes = watch.Writes();
+    }
+    gui::ShutdownSdlUiCachedFonts();
+    LiveObjects const after = CountLiveObjects();
+    EXPECT_FALSE(script.timed_out());
+    EXPECT_EQ(outcome.broken, "");
+    EXPECT_TRUE(writes.empty()) << writes.front();
+    EXPECT_EQ(std::vector<int>(
+                  {after.windows, after.renderers, after.textures, after.surfaces, after.fonts}),
+              std::vector<int>({before.windows, before.renderers, before.textures, before.surfaces,
+                                before.fonts}))
+        << "windows, renderers, textures, surfaces and fonts left behind";
+    EXPECT_FALSE(SDL_IsTextInputActive());
+    if (CountCalls("SDL_ShowWindow") > 0) {
+        EXPECT_EQ(RecordedCalls("SDL_RaiseWindow").back().object, parent_);
+    }
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+    return outcome;
+}
+
+}  // namespace ztest

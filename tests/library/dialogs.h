@@ -1,0 +1,88 @@
+// Every exported dialog as the whole-library tests open it: on the sample folder that
+// the fixture makes the working directory, with its result given back as text, and run
+// under the checks that every run of every dialog must pass.
+#pragma once
+
+#include "gui/message_box.h"
+#include "gui/screenshot.h"
+
+#include "support/dialog_script.h"
+#include "support/temp_dir.h"
+#include "support/test_display.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace ztest {
+
+// What one run of a dialog gave.
+struct Outcome {
+    std::string result;        // every field of the result as text (records.h)
+    bool nothing_done = true;  // the dialog's "nothing done" result came back
+    std::string broken;        // an invariant of the result that fails, empty when none does
+};
+
+using Dialog = std::function<Outcome(SDL_Window* parent)>;
+using PickFile = std::string (*)(SDL_Window*, std::string const&);
+
+// A message box with a Reset (1) and a Cancel (0, the cancel button) button, 420 wide.
+Dialog MessageBox(zorvane::frontend::gui::SdlMessageBox::Type type,
+                  std::string message = "The emulated PC restarts from drive C:.");
+// A message box from a default configuration: "Message" and "OK".
+Dialog BareMessageBox();
+Dialog FolderPicker(std::string start);
+// A file picker, whose pick must be a file with one of the extensions in `kinds`, each
+// followed by a space (".ttf .otf ").
+Dialog FilePicker(PickFile show, std::string kinds, std::string start = "");
+Dialog FontPicker();
+Dialog FloppyPicker();
+Dialog ShaderPicker(std::string start = "shaders");
+// The settings of a host: 60 fps, 4.77 MHz, gain 1.5, HDD sounds on at 0.35, and the font
+// mode given, with "data/ttf/Mono Retro.ttf" for "ttf-custom". The result lists each Apply.
+Dialog Settings(std::string font_mode = "pixel");
+// shaders/crt.glsl with MASK at 0.65; the result lists each Apply, then the dialog's result.
+Dialog ShaderParameters();
+// out/captures, capture.png in `format`, quality 85, compression 6, RLE on.
+Dialog Screenshot(zorvane::frontend::gui::ScreenshotSaveFormat format);
+// out/images, the default size.
+Dialog DiskImage();
+// The result lists the pages it opened.
+Dialog About();
+
+// The working directory of a test: the UI fonts of the project's data/ttf, floppy
+// images (three folders and 35 images), shaders/crt.glsl with five parameters, a preset,
+// and the folders out/captures and out/images.
+class SampleFolder {
+public:
+    SampleFolder();
+    SampleFolder(SampleFolder const&) = delete;
+    SampleFolder& operator=(SampleFolder const&) = delete;
+
+private:
+    TempDir dir_;
+    std::unique_ptr<ScopedWorkingDirectory> cwd_;
+};
+
+// A dialog test: the sample folder as the working directory, a hidden host window as
+// the parent, delays not slept.
+class WholeDialogTest : public DialogTest {
+protected:
+    static void SetUpTestSuite();
+    static void TearDownTestSuite();
+    void SetUp() override;
+
+    // A fresh recorder with what every run has: delays not slept, the software renderer.
+    static void ResetRecorder();
+
+    // Runs `dialog` once and checks what holds after any run: nothing written to disk,
+    // no SDL object left, text input off, the focus back on the parent.
+    Outcome Run(Dialog const& dialog, DialogScript const& script);
+
+    static SDL_Window* parent_;
+
+private:
+    std::unique_ptr<SampleFolder> sample_;
+};
+
+}  // namespace ztest
