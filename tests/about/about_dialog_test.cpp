@@ -22,7 +22,7 @@ TEST_F(AboutDialog, SizedByItsContentItsLinksOpenOnALeftPressAndItShowsThisBuild
     Script script;
     script.At(0, Press(139, 203));  // no row drawn yet
     script.Then(Release(139, 203));
-    script.Then([](Script& s) { s.Press(139, 301, SDL_BUTTON_RIGHT); });
+    script.Then([](Script& s) { s.Button(true, 139, 301, SDL_BUTTON_RIGHT); });
     script.Then(Press(821, 203));  // just past the video row's right edge
     script.Then(Press(139, 203));
     script.Then(Press(139, 301));

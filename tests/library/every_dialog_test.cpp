@@ -122,10 +122,10 @@ void PushRandomEvents(Script& s, std::mt19937& rng, Uint32 parent_id) {
                 break;
             }
             case 2:
-                s.Click(x, y, static_cast<Uint8>(1 + pick(2)));
+                ztest::gestures::Click(x, y, static_cast<Uint8>(1 + pick(2)))(s);
                 break;
             case 3:
-                pick(2) == 0 ? s.Press(x, y) : s.Release(x, y);
+                s.Button(pick(2) == 0, x, y);
                 s.Motion(x, y);
                 break;
             case 4:

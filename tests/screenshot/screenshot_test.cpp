@@ -22,9 +22,15 @@ TEST(ScreenshotNames, ExtensionsValueTextsAndTheDefaultName) {
         EXPECT_EQ(ClampFormatValue(format, text, 5), expected) << text << " " << int(format);
     }
     ScreenshotClock const previous = SetScreenshotClock([] {
-        std::tm t{};
-        strptime("2026-04-04 10:06:49", "%Y-%m-%d %H:%M:%S", &t);
-        return t.tm_isdst = -1, std::mktime(&t);
+        std::tm t{};  // 2026-04-04 10:06:49, local time
+        t.tm_year = 2026 - 1900;
+        t.tm_mon = 3;
+        t.tm_mday = 4;
+        t.tm_hour = 10;
+        t.tm_min = 6;
+        t.tm_sec = 49;
+        t.tm_isdst = -1;
+        return std::mktime(&t);
     });
     EXPECT_EQ(MakeDefaultScreenshotFilename(J), "zorvane_capture_2026_04_04_10_06_49.jpg");
     SetScreenshotClock(previous);
@@ -48,9 +54,11 @@ TEST(ScreenshotForm, KeysAndTextEditOnlyTheFocusedFieldAndMoveTheFocus) {
         state.format_list_open = list_open;
         state.file_name_text = state.jpeg_quality_text = state.png_compression_text = "x";
         for (char const c : input) {  // SDLK_BACKSPACE, SDLK_TAB and the like are their bytes
-            c > 0 && c < ' '
-                ? HandleScreenshotSaveDialogKey(&state, c)
-                : HandleScreenshotSaveDialogTextInput(&state, std::string(1, c).c_str());
+            if (c > 0 && c < ' ') {
+                HandleScreenshotSaveDialogKey(&state, c);
+            } else {
+                HandleScreenshotSaveDialogTextInput(&state, std::string(1, c).c_str());
+            }
         }
         EXPECT_EQ(std::to_string(state.focused_field) + (state.format_list_open ? " list" : "") +
                       (state.done ? " done " : " ") + state.file_name_text + " " +

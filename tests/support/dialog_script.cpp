@@ -39,7 +39,7 @@ void DialogScript::Beat() {
     }
     if (frame_ > last_step_frame_ + grace_frames_) {
         timed_out_ = true;
-        Quit();
+        PushEvent(SDL_Event{SDL_QUIT});
     }
 }
 
@@ -71,21 +71,11 @@ void DialogScript::Text(char const* text) const {
     PushEvent(event);
 }
 
-void DialogScript::Press(int x, int y, Uint8 button, Uint8 clicks) const {
-    SDL_Event event{SDL_MOUSEBUTTONDOWN};
-    event.button = {SDL_MOUSEBUTTONDOWN, 0, WindowId(), 0, button, SDL_PRESSED, clicks, 0, x, y};
+void DialogScript::Button(bool down, int x, int y, Uint8 button, Uint8 clicks) const {
+    Uint32 const type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
+    SDL_Event event{type};
+    event.button = {type, 0, WindowId(), 0, button, Uint8(down ? 1 : 0), clicks, 0, x, y};
     PushEvent(event);
-}
-
-void DialogScript::Release(int x, int y, Uint8 button, Uint8 clicks) const {
-    SDL_Event event{SDL_MOUSEBUTTONUP};
-    event.button = {SDL_MOUSEBUTTONUP, 0, WindowId(), 0, button, SDL_RELEASED, clicks, 0, x, y};
-    PushEvent(event);
-}
-
-void DialogScript::Click(int x, int y, Uint8 clicks) const {
-    Press(x, y, SDL_BUTTON_LEFT, clicks);
-    Release(x, y, SDL_BUTTON_LEFT, clicks);
 }
 
 void DialogScript::Motion(int x, int y) const {
@@ -103,20 +93,6 @@ void DialogScript::Wheel(int y) const {
     PushEvent(event);
 }
 
-void DialogScript::Quit() const {
-    PushEvent(SDL_Event{SDL_QUIT});
-}
-
-void DialogScript::WindowEvent(Uint8 window_event, int data1, int data2) const {
-    SDL_Event event{SDL_WINDOWEVENT};
-    event.window = {SDL_WINDOWEVENT, 0, WindowId(), window_event, 0, 0, 0, data1, data2};
-    PushEvent(event);
-}
-
-void DialogScript::CloseWindow() const {
-    WindowEvent(SDL_WINDOWEVENT_CLOSE);
-}
-
 void DialogScript::Hover(int x, int y) const {
     char const* driver = SDL_GetCurrentVideoDriver();
     if (driver != nullptr && SDL_strcmp(driver, "x11") == 0) {
@@ -128,12 +104,6 @@ void DialogScript::Hover(int x, int y) const {
     pointer.window = Window();
     pointer.x = x;
     pointer.y = y;
-}
-
-void DialogScript::Leave() const {
-    ScriptedPointer& pointer = Pointer();
-    pointer.active = true;
-    pointer.window = nullptr;
 }
 
 namespace gestures {
@@ -159,30 +129,35 @@ Step Press(int x, int y) {
     return [x, y](DialogScript& s) {
         s.Hover(x, y);
         Pointer().buttons = SDL_BUTTON_LMASK;
-        s.Press(x, y);
+        s.Button(true, x, y);
     };
 }
 Step Release(int x, int y) {
     return [x, y](DialogScript& s) {
         s.Hover(x, y);
         Pointer().buttons = 0;
-        s.Release(x, y);
+        s.Button(false, x, y);
     };
 }
 Step Click(int x, int y, Uint8 clicks) {
     return [x, y, clicks](DialogScript& s) {
         s.Hover(x, y);
-        s.Click(x, y, clicks);
+        s.Button(true, x, y, SDL_BUTTON_LEFT, clicks);
+        s.Button(false, x, y, SDL_BUTTON_LEFT, clicks);
     };
 }
 Step Resize(int width, int height) {
     return [width, height](DialogScript& s) { SDL_SetWindowSize(s.Window(), width, height); };
 }
 Step Quit() {
-    return [](DialogScript& s) { s.Quit(); };
+    return [](DialogScript&) { PushEvent(SDL_Event{SDL_QUIT}); };
 }
 Step CloseWindow() {
-    return [](DialogScript& s) { s.CloseWindow(); };
+    return [](DialogScript& s) {
+        SDL_Event event{SDL_WINDOWEVENT};
+        event.window = {SDL_WINDOWEVENT, 0, s.WindowId(), SDL_WINDOWEVENT_CLOSE, 0, 0, 0, 0, 0};
+        PushEvent(event);
+    };
 }
 
 }  // namespace gestures

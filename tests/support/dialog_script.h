@@ -43,19 +43,12 @@ public:
     // Events, pushed into SDL's queue for the newest open window.
     void Key(SDL_Keycode sym, bool repeat = false) const;
     void Text(char const* text) const;
-    void Press(int x, int y, Uint8 button = SDL_BUTTON_LEFT, Uint8 clicks = 1) const;
-    void Release(int x, int y, Uint8 button = SDL_BUTTON_LEFT, Uint8 clicks = 1) const;
-    void Click(int x, int y, Uint8 clicks = 1) const;
+    void Button(bool down, int x, int y, Uint8 button = SDL_BUTTON_LEFT, Uint8 clicks = 1) const;
     void Motion(int x, int y) const;
     void Wheel(int y) const;
-    void Quit() const;
-    void CloseWindow() const;
-    void WindowEvent(Uint8 event, int data1 = 0, int data2 = 0) const;
     // Puts the pointer over the newest window at (x, y), giving it the mouse focus:
     // a real pointer move under X, the scripted pointer on other drivers.
     void Hover(int x, int y) const;
-    // Takes the pointer out of every window (scripted pointer only).
-    void Leave() const;
 
 private:
     void Beat();

@@ -85,12 +85,13 @@ void CaptureFrame(SDL_Renderer* renderer) {
 
 }  // namespace
 
-SDL_Color Frame::At(int x, int y) const {
+std::string Frame::ColorAt(int x, int y) const {
     if (x < 0 || y < 0 || x >= width || y >= height) {
-        return {0, 0, 0, 0};
+        return "outside";
     }
     std::uint32_t const p = pixels[static_cast<std::size_t>(y) * width + x];
-    return {static_cast<Uint8>(p >> 16), static_cast<Uint8>(p >> 8), static_cast<Uint8>(p), 255};
+    return std::to_string((p >> 16) & 0xFF) + "," + std::to_string((p >> 8) & 0xFF) + "," +
+           std::to_string(p & 0xFF);
 }
 
 void ResetRecorder() {

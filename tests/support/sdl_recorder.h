@@ -31,8 +31,8 @@ struct Frame {
     std::vector<std::uint32_t> pixels;  // ARGB8888, row by row
 
     bool empty() const { return pixels.empty(); }
-    // The colour at (x, y); alpha is always 255 on a window frame.
-    SDL_Color At(int x, int y) const;
+    // The colour at (x, y) as "red,green,blue", "outside" off the frame.
+    std::string ColorAt(int x, int y) const;
 };
 
 // What the recorder injects into the calls.
