@@ -76,9 +76,9 @@ void RenderAboutBuildPanel(SDL_Renderer* renderer, SDL_Rect const& panel,
 
 // Frame rectangles from the margin and the footer's height.
 struct AboutDialogFrameRects {
-    SDL_Rect outer{0, 0, 0, 0};
-    SDL_Rect content{0, 0, 0, 0};
-    SDL_Rect footer{0, 0, 0, 0};
+    SDL_Rect outer{};
+    SDL_Rect content{};
+    SDL_Rect footer{};
 };
 
 AboutDialogFrameRects BuildAboutDialogFrameRects(AboutDialogMetrics const& m, int height) {
@@ -98,8 +98,8 @@ struct AboutDialogRun {
     Uint32 window_id = 0;
     bool close_requested = false;
     bool shown = false;
-    SDL_Rect video_rect{0, 0, 0, 0};
-    SDL_Rect home_rect{0, 0, 0, 0};
+    SDL_Rect video_rect{};
+    SDL_Rect home_rect{};
 };
 
 // Drains the whole queue, also after a close request.

@@ -37,8 +37,8 @@ inline constexpr SDL_Color kColFormTextSecondary{170, 178, 190, 255};
 
 // One vertical scrollbar at the right edge of a list area.
 struct SimpleScrollbarLayout {
-    SDL_Rect track{0, 0, 0, 0};
-    SDL_Rect thumb{0, 0, 0, 0};
+    SDL_Rect track{};
+    SDL_Rect thumb{};
     int max_offset = 0;  // the highest scroll offset, 0 when everything fits
 };
 

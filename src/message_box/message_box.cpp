@@ -39,7 +39,7 @@ std::pair<int, int> MeasureText(TTF_Font* font, char const* text) {
 // The tallest window the box asks for: the usable height of its display, so that a
 // huge message cannot demand a window far beyond any screen.
 int MaxWindowHeight(SDL_Window* window, int min_height) {
-    SDL_Rect usable{0, 0, 0, 0};
+    SDL_Rect usable{};
     int const display = SDL_GetWindowDisplayIndex(window);
     if (display < 0 || SDL_GetDisplayUsableBounds(display, &usable) != 0 || usable.h <= 0) {
         return std::max(min_height, 4096);

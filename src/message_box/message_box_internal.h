@@ -10,8 +10,8 @@
 namespace zorvane::frontend::gui {
 
 struct MessageBoxTypeVisual {
-    SDL_Color color{0, 0, 0, 0};  // the accent colour of the type
-    char const* glyph = "";       // UTF-8 of static lifetime
+    SDL_Color color{};       // the accent colour of the type
+    char const* glyph = "";  // UTF-8 of static lifetime
 };
 
 // Rebuilt on every turn from the window's current size.
@@ -27,15 +27,15 @@ struct SdlMessageBoxLayout {
     int footer_height = 0;
     int buttons_x = 0;
     int buttons_y = 0;
-    SDL_Rect outer{0, 0, 0, 0};
-    SDL_Rect content{0, 0, 0, 0};
-    SDL_Rect footer{0, 0, 0, 0};
+    SDL_Rect outer{};
+    SDL_Rect content{};
+    SDL_Rect footer{};
     int title_y = 0;
-    SDL_Rect icon{0, 0, 0, 0};
+    SDL_Rect icon{};
     int text_x = 0;
     int text_width = 0;
     int title_height = 0;
-    SDL_Rect message_rect{0, 0, 0, 0};
+    SDL_Rect message_rect{};
     int line_height = 0;
     int content_height = 0;
     int min_height = 0;

@@ -55,9 +55,9 @@ struct PickerDialogLayout {
     int height = 0;
     int list_height = 1;
     int visible_rows = 1;
-    SDL_Rect list{0, 0, 0, 0};
-    SDL_Rect cancel_button{0, 0, 0, 0};
-    SDL_Rect accept_button{0, 0, 0, 0};
+    SDL_Rect list{};
+    SDL_Rect cancel_button{};
+    SDL_Rect accept_button{};
 };
 
 inline constexpr int kPickerHeaderHeight = 56;

@@ -35,15 +35,15 @@ struct ScreenshotSaveDialogState {
 // The form's rectangles for a window of the given size; only the right-hand and
 // bottom parts depend on it.
 struct ScreenshotSaveDialogLayout {
-    SDL_Rect file_name_field{0, 0, 0, 0};
-    SDL_Rect folder_field{0, 0, 0, 0};
-    SDL_Rect choose_button{0, 0, 0, 0};
-    SDL_Rect format_field{0, 0, 0, 0};
-    SDL_Rect format_list{0, 0, 0, 0};
-    SDL_Rect value_field{0, 0, 0, 0};
-    SDL_Rect rle_checkbox{0, 0, 0, 0};
-    SDL_Rect cancel_button{0, 0, 0, 0};
-    SDL_Rect save_button{0, 0, 0, 0};
+    SDL_Rect file_name_field{};
+    SDL_Rect folder_field{};
+    SDL_Rect choose_button{};
+    SDL_Rect format_field{};
+    SDL_Rect format_list{};
+    SDL_Rect value_field{};
+    SDL_Rect rle_checkbox{};
+    SDL_Rect cancel_button{};
+    SDL_Rect save_button{};
     int preview_label_y = 326;
     int preview_path_y = 346;
 };

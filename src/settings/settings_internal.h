@@ -73,16 +73,16 @@ struct SettingsDialogSession {
     TTF_Font* title_font = nullptr;
     TTF_Font* body_font = nullptr;
     std::vector<NavItem> const* nav_items = nullptr;
-    SDL_Rect cancel_button{0, 0, 0, 0};
-    SDL_Rect apply_button{0, 0, 0, 0};
+    SDL_Rect cancel_button{};
+    SDL_Rect apply_button{};
     SettingsDialogValues values;  // the working copy
     int active_panel = -1;
     bool shown = false;  // set once the first frame was presented
 };
 
 struct SettingsDialogButtons {
-    SDL_Rect cancel{0, 0, 0, 0};
-    SDL_Rect apply{0, 0, 0, 0};
+    SDL_Rect cancel{};
+    SDL_Rect apply{};
 };
 
 std::vector<NavItem> BuildSettingsNavItems();

@@ -33,10 +33,10 @@ struct ShaderDialogLayout {
     int list_top = 36;
     int list_height = 1;  // window height - 88, at least 1
     int max_scroll = 0;
-    SDL_Rect cancel_button{0, 0, 0, 0};
-    SDL_Rect apply_button{0, 0, 0, 0};
-    SDL_Rect scrollbar_track{0, 0, 0, 0};
-    SDL_Rect scrollbar_thumb{0, 0, 0, 0};  // equals the track when everything fits
+    SDL_Rect cancel_button{};
+    SDL_Rect apply_button{};
+    SDL_Rect scrollbar_track{};
+    SDL_Rect scrollbar_thumb{};  // equals the track when everything fits
 };
 
 // The state of one dialog run. It owns nothing: every pointer outlives the run.

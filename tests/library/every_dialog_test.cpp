@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <random>
+#include <set>
 #include <string>
 
 namespace {
@@ -24,7 +25,8 @@ using Script = ztest::DialogScript;
 struct DialogRow {
     char const* name;
     ztest::Dialog dialog;
-    char const* window;  // "title x,y WxH" of its window over a parent at 100,100, and its flags
+    // "title x,y WxH" of its window over a parent at 100,100, its flags and its sleep
+    char const* window;
 };
 
 void PrintTo(DialogRow const& row, std::ostream* out) {
@@ -33,18 +35,22 @@ void PrintTo(DialogRow const& row, std::ostream* out) {
 
 std::vector<DialogRow> const kDialogs = {
     {"MessageBox", ztest::MessageBox(gui::SdlMessageBox::Type::Question),
-     "Reset the machine? 180,180 420x180 hidden"},
-    {"FolderPicker", ztest::FolderPicker("floppies"), "Select Folder 160,160 780x540 hidden"},
-    {"FontPicker", ztest::FontPicker(), "Select TTF Font 160,160 760x520 hidden resizable"},
-    {"FloppyPicker", ztest::FloppyPicker(), "Load Floppy Image 160,160 760x520 hidden"},
-    {"ShaderPicker", ztest::ShaderPicker(""), "Select Shader 160,160 760x520 hidden resizable"},
-    {"Settings", ztest::Settings("ttf-custom"), "Settings 160,150 820x492 hidden"},
+     "Reset the machine? 180,180 420x180 hidden, 12 ms a frame"},
+    {"FolderPicker", ztest::FolderPicker("floppies"),
+     "Select Folder 160,160 780x540 hidden, 8 ms a frame"},
+    {"FontPicker", ztest::FontPicker(),
+     "Select TTF Font 160,160 760x520 hidden resizable, 8 ms a frame"},
+    {"FloppyPicker", ztest::FloppyPicker(),
+     "Load Floppy Image 160,160 760x520 hidden, 8 ms a frame"},
+    {"ShaderPicker", ztest::ShaderPicker(""),
+     "Select Shader 160,160 760x520 hidden resizable, 8 ms a frame"},
+    {"Settings", ztest::Settings("ttf-custom"), "Settings 160,150 820x492 hidden, 12 ms a frame"},
     {"ShaderParameters", ztest::ShaderParameters(),
-     "Shader Parameters 160,160 900x490 hidden resizable"},
+     "Shader Parameters 160,160 900x490 hidden resizable, 12 ms a frame"},
     {"Screenshot", ztest::Screenshot(gui::ScreenshotSaveFormat::Jpeg),
-     "Save Screenshot 180,180 900x410 hidden resizable"},
-    {"HddImage", ztest::DiskImage(), "Create HDD Image 180,180 860x390 hidden"},
-    {"About", ztest::About(), "About Zorvane 180,180 860x607 hidden"},
+     "Save Screenshot 180,180 900x410 hidden resizable, 8 ms a frame"},
+    {"HddImage", ztest::DiskImage(), "Create HDD Image 180,180 860x390 hidden, 8 ms a frame"},
+    {"About", ztest::About(), "About Zorvane 180,180 860x607 hidden, 12 ms a frame"},
 };
 
 class EveryDialog : public ztest::WholeDialogTest, public testing::WithParamInterface<DialogRow> {};
@@ -58,8 +64,16 @@ TEST_P(EveryDialog, OpensItsWindowOverTheParentAndEscapeClosesIt) {
     std::vector<long long> const& a = created[0].args;
     std::string const flags = std::string((a[4] & SDL_WINDOW_HIDDEN) != 0 ? " hidden" : "") +
                               ((a[4] & SDL_WINDOW_RESIZABLE) != 0 ? " resizable" : "");
+    std::set<long long> sleeps;  // each turn presents its frame, then sleeps
+    for (ztest::SdlCall const& call : ztest::RecordedCalls("SDL_Delay")) {
+        sleeps.insert(call.args.at(0));
+    }
+    bool const each_frame =
+        ztest::CountCalls("SDL_Delay") == ztest::CountCalls("SDL_RenderPresent");
     EXPECT_EQ(created[0].text + " " + std::to_string(a[0]) + "," + std::to_string(a[1]) + " " +
-                  std::to_string(a[2]) + "x" + std::to_string(a[3]) + flags,
+                  std::to_string(a[2]) + "x" + std::to_string(a[3]) + flags + ", " +
+                  (sleeps.size() == 1 && each_frame ? std::to_string(*sleeps.begin()) : "?") +
+                  " ms a frame",
               GetParam().window);
 }
 

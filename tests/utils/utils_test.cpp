@@ -32,6 +32,9 @@ TEST(Utils, EllipsisCountsCharactersAndFileNamesRefuseControlAndReservedBytes) {
     for (auto const& [text, limit, expected] : cases) {
         EXPECT_EQ(limit ? ellipsize_left(text, limit) : allowed(text), expected) << text;
     }
+    EXPECT_EQ(filename_from_path("fonts/Mono Retro.ttf") + "|" + filename_from_path("C:\\f\\a/") +
+                  "|" + stem_or_filename_from_path("a/b.c.png", "fallback"),
+              "Mono Retro.ttf|a|b.c");
 }
 
 TEST(Utils, ReadTextFileIsBinarySafeAndFailsCleanly) {
