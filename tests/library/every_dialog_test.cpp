@@ -7,6 +7,10 @@
 
 #include "gui/screenshot.h"
 #include "gui/shader_params.h"
+#include "hdd_image/hdd_create_dialog.h"
+#include "screenshot/screenshot_dialog.h"
+#include "settings/settings_internal.h"
+#include "support/records.h"
 
 #include <gtest/gtest.h>
 
@@ -212,6 +216,46 @@ TEST(EveryParser, ReadsWithoutWriting) {
         EXPECT_EQ(watch.Writes().size(), 2u) << "the watch sees a file made and removed";
     }
     EXPECT_EQ(read, "5 0 shaders/crt.glsl") << "the parsers read what they were given";
+}
+
+// The parts of the dialogs that take pointers do nothing with a null one, also when every
+// other argument is usable: no crash, no state changed, no picker opened.
+TEST(EveryDialogPart, DoesNothingWithANull) {
+    SDL_Window* window = SDL_CreateWindow("parts", 0, 0, 900, 500, SDL_WINDOW_HIDDEN);
+    SDL_Renderer* renderer = SDL_CreateRenderer(window, -1, SDL_RENDERER_SOFTWARE);
+    ztest::ResetRecorder();
+    std::string const x = "x";
+    gui::ScreenshotSaveDialogState shot;
+    gui::HddCreateDialogState disk;
+    SDL_MouseButtonEvent const release{SDL_MOUSEBUTTONUP, 0, 0, 0, 1, 0, 1, 0, 800, 370};
+    gui::HandleScreenshotSaveDialogTextInput(&shot, nullptr);
+    gui::HandleScreenshotSaveDialogMouseButton(&shot, nullptr, release, false);
+    gui::HandleHddCreateDialogTextInput(&disk, nullptr);
+    gui::HandleHddCreateDialogMouseButton(&disk, nullptr, release, false);
+    for (int missing = 0; missing < 5; ++missing) {  // the renderer, then each text
+        std::vector<std::string const*> texts(4, &x);
+        texts[std::max(missing - 1, 0)] = missing > 0 ? nullptr : &x;
+        gui::RenderScreenshotSaveDialog({missing > 0 ? renderer : nullptr, texts[0], texts[1],
+                                         gui::ScreenshotSaveFormat::Png, texts[2], texts[3]},
+                                        gui::BuildScreenshotSaveDialogLayout(900, 410));
+    }
+    for (auto draw :
+         {gui::DrawSimpleModalText, gui::DrawHddCreateDialogText, gui::DrawScreenshotDialogText}) {
+        draw(renderer, nullptr, 0, 0, {});
+    }
+    gui::RightPanelHitResult hit{true, "fps", "25", 0.0, false, true};
+    for (int panel = 0; panel < 8; ++panel) {  // the settings record missing
+        EXPECT_FALSE(gui::DrawSettingsDisplayPanel({renderer, nullptr, nullptr, panel}, &hit) ||
+                     gui::DrawSettingsRuntimePanel({renderer, nullptr, nullptr, panel}, &hit));
+    }
+    gui::ApplySettingsHit(nullptr, hit);
+    gui::HandleSettingsFontPickerHit(nullptr, window, hit);
+    EXPECT_EQ(ztest::Describe(shot.result) + " " + shot.file_name_text + " " +
+                  ztest::Describe(disk.result) + " " + disk.size_text,
+              "not saved   png q90 c2 rle1  no image 0MB   ");
+    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 0) << "no picker opened";
+    SDL_DestroyRenderer(renderer);
+    SDL_DestroyWindow(window);
 }
 
 INSTANTIATE_TEST_SUITE_P(Library, EveryDialog, testing::ValuesIn(kDialogs),
