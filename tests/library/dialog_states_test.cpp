@@ -115,9 +115,11 @@ std::vector<State> const kStates = {
     {"settings_cpu_speed", ztest::Settings(), {Topic(8)}, {Key(SDLK_RETURN), kApply},
      Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
     {"settings_logger_options", ztest::Settings(), {Topic(10)}, {Click(663, 464)}, ""},
-    {"settings_hdd_sounds", ztest::Settings(), {Topic(12)},
-     {Click(300, kPanel + 3), kApply, Click(300, kPanel + 3), Click(663, 464)},
-     Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd0 vol0.35 font'' shaders0 size1")},
+    {"settings_hdd_sounds", ztest::Settings(), {Topic(12), Hover(400, kPanel + 68)},
+     {Click(300, kPanel + 3), kApply, Click(300, kPanel + 3), kApply},
+     Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd0 vol0.35 font'' shaders0 size1") +
+         " | " +
+         Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
     {"settings_hdd_sounds_slider_dragged", ztest::Settings(),
      {Topic(12), Press(300, kPanel + 68), Hover(330, kPanel + 68)},
      {Release(330, kPanel + 68), kApply},
@@ -131,9 +133,9 @@ std::vector<State> const kStates = {
     {"shader_params", ztest::ShaderParameters(), {}, {Key(SDLK_RETURN), Key(SDLK_ESCAPE)},
      std::string("apply ") + kShaderStart + " | not accepted " + kShaderStart},
     {"shader_params_scrolled", ztest::ShaderParameters(), {Hover(300, 300), Wheel(-1)},
-     {Click(840, 464)},
+     {Click(840, 464), Click(740, 464)},
      "apply CURVE=0.08;SCAN=6;MASK=0.65;GAMMA=2.1;TILT=0; | "
-     "accepted CURVE=0.08;SCAN=6;MASK=0.65;GAMMA=2.1;TILT=0;"},
+     "not accepted CURVE=0.08;SCAN=6;MASK=0.65;GAMMA=2.1;TILT=0;"},
     {"shader_params_scrolled_back", ztest::ShaderParameters(),
      {Hover(300, 300), Wheel(-1), Wheel(1)}, {Key(SDLK_ESCAPE)},
      std::string("not accepted ") + kShaderStart},
@@ -170,8 +172,9 @@ std::vector<State> const kStates = {
     // The disk image form 860 x 390: the name field at (300, 150), Choose at (720, 210),
     // Create at (790, 338).
     {"hdd_image", ztest::DiskImage(), {}, {Key(SDLK_ESCAPE)}, "no image 10MB out/images disk.img"},
-    {"hdd_image_typed", ztest::DiskImage(), {Text("0x0"), Click(300, 150), Text("-games")},
-     {Click(790, 338)}, "create 1000MB out/images disk.img-games"},
+    {"hdd_image_typed", ztest::DiskImage(),
+     {Text("0x0"), Key(SDLK_BACKSPACE), Click(300, 150), Text("-games")}, {Click(790, 338)},
+     "create 100MB out/images disk.img-games"},
     {"hdd_image_folder_picked", ztest::DiskImage(),
      {Click(720, 210), Key(SDLK_DOWN), Key(SDLK_RETURN), Click(700, 510)}, {Key(SDLK_RETURN)},
      "create 10MB out disk.img"},
