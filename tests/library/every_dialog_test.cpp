@@ -227,7 +227,8 @@ TEST(EveryDialogPart, DoesNothingWithANull) {
     std::string const x = "x";
     gui::ScreenshotSaveDialogState shot;
     gui::HddCreateDialogState disk;
-    SDL_MouseButtonEvent const release{SDL_MOUSEBUTTONUP, 0, 0, 0, 1, 0, 1, 0, 800, 370};
+    SDL_MouseButtonEvent const release{
+        SDL_MOUSEBUTTONUP, 0, 0, 0, 1, 0, 1, 0, 800, 355};  // Save, Create
     gui::HandleScreenshotSaveDialogTextInput(&shot, nullptr);
     gui::HandleScreenshotSaveDialogMouseButton(&shot, nullptr, release, false);
     gui::HandleHddCreateDialogTextInput(&disk, nullptr);
