@@ -71,15 +71,16 @@ std::vector<State> const kStates = {
      ztest::MessageBox(Type::Warning, "Drive A: holds DOS622_1.IMA.\n\nThe emulated machine keeps "
                        "running while this box is open. C:\\WINDOWS\\SYSTEM\\VERYLONGDRIVERNAME.DRV"),
      {}, {}, "-1"},
-    // File pickers 760 x 520: rows of 24 from y 57, Open at x 672 to 741, y 482 to 511; the
-    // folder picker 780 x 540 with Select at x 676 to 761, y 498 to 531.
+    // File pickers 760 x 520: a list from y 56 to 473 with rows of 24 from y 57, Cancel at x 592
+    // to 661 and Open at 672 to 741, y 482 to 511; the folder picker 780 x 540 with Select at
+    // x 676 to 761, y 498 to 531.
     {"picker_folder", ztest::FolderPicker("floppies"), {Key(SDLK_DOWN), Key(SDLK_DOWN)},
      {Click(700, 510)}, "floppies"},
     {"picker_font", ztest::FontPicker(), {}, {Key(SDLK_DOWN), Key(SDLK_RETURN)},
      "data/ttf/IBMPlexSans-Regular.ttf"},
-    {"picker_floppy", ztest::FloppyPicker(), {}, {Key(SDLK_ESCAPE)}, ""},
+    {"picker_floppy", ztest::FloppyPicker(), {Hover(300, 300)}, {Click(620, 495)}, ""},
     {"picker_floppy_selected_row", ztest::FloppyPicker(), {Click(100, 57 + 24 * 4)},
-     {Click(700, 495)}, "floppies/DOS622_2.IMA"},
+     {Click(100, 473), Click(700, 495)}, "floppies/GAMES_20.IMG"},
     {"picker_floppy_scrolled", ztest::FloppyPicker(), {Wheel(-3)}, {Click(100, 57 + 24 * 2, 2)},
      "floppies/DOS622_3.IMA"},
     {"picker_floppy_scrolled_to_the_end", ztest::FloppyPicker(), {Wheel(-50)},

@@ -29,7 +29,8 @@ using Script = ztest::DialogScript;
 struct DialogRow {
     char const* name;
     ztest::Dialog dialog;
-    // "title x,y WxH" of its window over a parent at 100,100, its flags and its sleep
+    // "title x,y WxH" of its window over a parent at 100,100, its flags, how often it is shown
+    // and its sleep
     char const* window;
 };
 
@@ -39,22 +40,24 @@ void PrintTo(DialogRow const& row, std::ostream* out) {
 
 std::vector<DialogRow> const kDialogs = {
     {"MessageBox", ztest::MessageBox(gui::SdlMessageBox::Type::Question),
-     "Reset the machine? 180,180 420x180 hidden, 12 ms a frame"},
+     "Reset the machine? 180,180 420x180 hidden, shown once, 12 ms a frame"},
     {"FolderPicker", ztest::FolderPicker("floppies"),
-     "Select Folder 160,160 780x540 hidden, 8 ms a frame"},
+     "Select Folder 160,160 780x540 hidden, shown once, 8 ms a frame"},
     {"FontPicker", ztest::FontPicker(),
-     "Select TTF Font 160,160 760x520 hidden resizable, 8 ms a frame"},
+     "Select TTF Font 160,160 760x520 hidden resizable, shown once, 8 ms a frame"},
     {"FloppyPicker", ztest::FloppyPicker(),
-     "Load Floppy Image 160,160 760x520 hidden, 8 ms a frame"},
+     "Load Floppy Image 160,160 760x520 hidden, shown once, 8 ms a frame"},
     {"ShaderPicker", ztest::ShaderPicker(""),
-     "Select Shader 160,160 760x520 hidden resizable, 8 ms a frame"},
-    {"Settings", ztest::Settings("ttf-custom"), "Settings 160,150 820x492 hidden, 12 ms a frame"},
+     "Select Shader 160,160 760x520 hidden resizable, shown once, 8 ms a frame"},
+    {"Settings", ztest::Settings("ttf-custom"),
+     "Settings 160,150 820x492 hidden, shown once, 12 ms a frame"},
     {"ShaderParameters", ztest::ShaderParameters(),
-     "Shader Parameters 160,160 900x490 hidden resizable, 12 ms a frame"},
+     "Shader Parameters 160,160 900x490 hidden resizable, shown once, 12 ms a frame"},
     {"Screenshot", ztest::Screenshot(gui::ScreenshotSaveFormat::Jpeg),
-     "Save Screenshot 180,180 900x410 hidden resizable, 8 ms a frame"},
-    {"HddImage", ztest::DiskImage(), "Create HDD Image 180,180 860x390 hidden, 8 ms a frame"},
-    {"About", ztest::About(), "About Zorvane 180,180 860x607 hidden, 12 ms a frame"},
+     "Save Screenshot 180,180 900x410 hidden resizable, shown once, 8 ms a frame"},
+    {"HddImage", ztest::DiskImage(),
+     "Create HDD Image 180,180 860x390 hidden, shown once, 8 ms a frame"},
+    {"About", ztest::About(), "About Zorvane 180,180 860x607 hidden, shown once, 12 ms a frame"},
 };
 
 class EveryDialog : public ztest::WholeDialogTest, public testing::WithParamInterface<DialogRow> {};
@@ -74,8 +77,10 @@ TEST_P(EveryDialog, OpensItsWindowOverTheParentAndEscapeClosesIt) {
     }
     bool const each_frame =
         ztest::CountCalls("SDL_Delay") == ztest::CountCalls("SDL_RenderPresent");
+    int const shown = ztest::CountCalls("SDL_ShowWindow");
     EXPECT_EQ(created[0].text + " " + std::to_string(a[0]) + "," + std::to_string(a[1]) + " " +
-                  std::to_string(a[2]) + "x" + std::to_string(a[3]) + flags + ", " +
+                  std::to_string(a[2]) + "x" + std::to_string(a[3]) + flags + ", shown " +
+                  (shown == 1 ? "once" : std::to_string(shown) + " times") + ", " +
                   (sleeps.size() == 1 && each_frame ? std::to_string(*sleeps.begin()) : "?") +
                   " ms a frame",
               GetParam().window);
