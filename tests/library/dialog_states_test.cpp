@@ -99,7 +99,8 @@ std::vector<State> const kStates = {
      {Click(740, 240), Key(SDLK_DOWN), Key(SDLK_RETURN), kApply},
      Applied("60fps ttf-custom hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 "
              "font'data/ttf/IBMPlexSans-Regular.ttf' shaders0 size1")},
-    {"settings_target_fps", ztest::Settings(), {Topic(2)}, {Click(300, kPanel + 85), kApply},
+    {"settings_target_fps", ztest::Settings(), {Topic(2), Hover(224, 10 + 30 * 8 + 15)},
+     {Click(300, kPanel + 85), kApply},
      Applied("50fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
     {"settings_renderer", ztest::Settings(), {Topic(3), Hover(400, kPanel + 40)},
      {Click(400, kPanel + 40), kApply},
