@@ -27,28 +27,28 @@ struct AboutDialogInfoRows {
 
 // Measures in pixels at a scale; font heights fall back on fixed values.
 struct AboutDialogMetrics {
-    int outer_margin = 0;
-    int padding = 0;
-    int top_padding = 0;
-    int title_height = 0;
-    int title_gap = 0;
-    int contact_height = 0;
-    int contact_gap = 0;
-    int divider_gap = 0;
-    int links_top_gap = 0;
-    int link_gap = 0;
-    int links_bottom_gap = 0;
-    int build_padding_x = 0;
-    int build_padding_y = 0;
-    int build_heading_gap = 0;
-    int build_row_gap = 0;
-    int label_height = 0;
-    int info_height = 0;
-    int link_height = 0;
-    int footer_text_height = 0;
-    int link_row_height = 0;
-    int build_panel_height = 0;
-    int footer_height = 0;
+    int outer_margin{};
+    int padding{};
+    int top_padding{};
+    int title_height{};
+    int title_gap{};
+    int contact_height{};
+    int contact_gap{};
+    int divider_gap{};
+    int links_top_gap{};
+    int link_gap{};
+    int links_bottom_gap{};
+    int build_padding_x{};
+    int build_padding_y{};
+    int build_heading_gap{};
+    int build_row_gap{};
+    int label_height{};
+    int info_height{};
+    int link_height{};
+    int footer_text_height{};
+    int link_row_height{};
+    int build_panel_height{};
+    int footer_height{};
     float scale = 1.0f;
 };
 

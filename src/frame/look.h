@@ -39,7 +39,7 @@ inline constexpr SDL_Color kColFormTextSecondary{170, 178, 190, 255};
 struct SimpleScrollbarLayout {
     SDL_Rect track{};
     SDL_Rect thumb{};
-    int max_offset = 0;  // the highest scroll offset, 0 when everything fits
+    int max_offset{};  // the highest scroll offset, 0 when everything fits
 };
 
 // `total`, `visible` and `offset` share one unit (rows or pixels).

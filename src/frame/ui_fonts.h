@@ -46,7 +46,7 @@ inline constexpr std::array<char const*, 10> kSystemFontPaths = {
 
 // One entry of the font cache; (point_size, bold, kind) is the key.
 struct CachedSdlUiFont {
-    int point_size = 0;
+    int point_size{};
     bool bold = false;
     SdlUiFontKind kind = kSemiBold;
     SdlUiFontHandle font;

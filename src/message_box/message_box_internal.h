@@ -16,30 +16,30 @@ struct MessageBoxTypeVisual {
 
 // Rebuilt on every turn from the window's current size.
 struct SdlMessageBoxLayout {
-    int margin = 0;
-    int padding = 0;
-    int gap = 0;
-    int icon_width = 0;
-    int icon_height = 0;
-    int button_height = 0;
-    int button_gap = 0;
-    int button_width = 0;
-    int footer_height = 0;
-    int buttons_x = 0;
-    int buttons_y = 0;
+    int margin{};
+    int padding{};
+    int gap{};
+    int icon_width{};
+    int icon_height{};
+    int button_height{};
+    int button_gap{};
+    int button_width{};
+    int footer_height{};
+    int buttons_x{};
+    int buttons_y{};
     SDL_Rect outer{};
     SDL_Rect content{};
     SDL_Rect footer{};
-    int title_y = 0;
+    int title_y{};
     SDL_Rect icon{};
-    int text_x = 0;
-    int text_width = 0;
-    int title_height = 0;
+    int text_x{};
+    int text_width{};
+    int title_height{};
     SDL_Rect message_rect{};
-    int line_height = 0;
-    int content_height = 0;
-    int min_height = 0;
-    int window_height = 0;
+    int line_height{};
+    int content_height{};
+    int min_height{};
+    int window_height{};
     std::vector<std::string> lines;
 };
 

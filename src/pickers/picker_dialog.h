@@ -23,13 +23,13 @@ struct SdlPickerDialogOptions {
     std::string (*label_entry)(PickerEntry const&) = nullptr;  // null: the bare name
     char const* accept_label = nullptr;                        // the right-hand button
     char const* cancel_label = nullptr;                        // the left-hand button
-    int window_width = 0;
-    int window_height = 0;
-    int footer_height = 0;
-    int button_width = 0;
-    int button_height = 0;
-    int picker_mode = 0;            // kPickFile or kPickShownFolder
-    unsigned int window_flags = 0;  // passed on unchanged, SDL_WINDOW_HIDDEN among them
+    int window_width{};
+    int window_height{};
+    int footer_height{};
+    int button_width{};
+    int button_height{};
+    int picker_mode{};            // kPickFile or kPickShownFolder
+    unsigned int window_flags{};  // passed on unchanged, SDL_WINDOW_HIDDEN among them
 };
 
 inline constexpr int kPickFile = 0;         // the selected file is picked
@@ -40,19 +40,19 @@ struct PickerDialogState {
     std::filesystem::path current_directory;
     std::vector<PickerEntry> entries;  // read once on entering a directory
     int selected_index = -1;           // -1: no row selected
-    int scroll_offset = 0;             // index of the first row on show
+    int scroll_offset{};               // index of the first row on show
     std::string accepted_path;         // the result; empty until something is accepted
     bool done = false;
     bool shown = false;
     bool dragging_thumb = false;
-    int drag_start_offset = 0;
-    int drag_start_y = 0;
+    int drag_start_offset{};
+    int drag_start_y{};
 };
 
 // Rectangles of one frame, from the window's size at that moment.
 struct PickerDialogLayout {
-    int width = 0;
-    int height = 0;
+    int width{};
+    int height{};
     int list_height = 1;
     int visible_rows = 1;
     SDL_Rect list{};

@@ -32,7 +32,7 @@ struct ShaderDialogGeometry {
 struct ShaderDialogLayout {
     int list_top = 36;
     int list_height = 1;  // window height - 88, at least 1
-    int max_scroll = 0;
+    int max_scroll{};
     SDL_Rect cancel_button{};
     SDL_Rect apply_button{};
     SDL_Rect scrollbar_track{};
@@ -53,9 +53,9 @@ struct ShaderDialogSession {
     bool dragging_slider = false;
     int active_row = -1;
     bool dragging_thumb = false;
-    int drag_start_y = 0;
-    int drag_start_scroll = 0;
-    int scroll_y = 0;
+    int drag_start_y{};
+    int drag_start_scroll{};
+    int scroll_y{};
 };
 
 // One value per parameter, in list order: the first override of the parameter's name

@@ -1,5 +1,7 @@
-// The settings dialog when no font loads: a box over the parent, and no callback.
+// The settings dialog when no font loads: a box over the parent, and no callback; the
+// topic it opens on.
 #include "gui/settings.h"
+#include "settings/settings_internal.h"
 #include "support/sdl_recorder.h"
 #include "support/test_display.h"
 
@@ -18,6 +20,12 @@ TEST_F(SettingsDialog, NoFontShowsFailedToLoadFontOverTheParent) {
     EXPECT_EQ(boxes[0].text, "Settings\nFailed to load font.");
     EXPECT_EQ(boxes[0].object, parent);
     SDL_DestroyWindow(parent);
+}
+
+// The first selectable row's topic, or none.
+TEST(SettingsNavigation, OpensOnTheFirstSelectableTopic) {
+    EXPECT_EQ(FindInitialSettingsPanel({{0, "Audio", -1}, {1, "HDD Sounds", 5}, {1, "CPU", 3}}), 5);
+    EXPECT_EQ(FindInitialSettingsPanel({{0, "Audio", -1}}), -1);
 }
 
 }  // namespace
