@@ -13,7 +13,7 @@ set(zorvane_install_targets zorvane_sdl_ui)
 set(zorvane_pc_extra_libs "")
 if(zorvane_sdl_ui_type STREQUAL "STATIC_LIBRARY")
     list(APPEND zorvane_install_targets zorvane_utils zorvane_opengl)
-    set(zorvane_pc_extra_libs " -lzorvane_utils -lzorvane_opengl")
+    set(zorvane_pc_extra_libs " -lzorvane_opengl -lzorvane_utils")
 endif()
 
 install(TARGETS ${zorvane_install_targets}

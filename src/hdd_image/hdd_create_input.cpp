@@ -49,9 +49,11 @@ unsigned int ParseHddCreateSizeMbOrDefault(std::string const& text, unsigned int
 }
 
 std::string BuildHddCreateTargetPath(std::string const& folder, std::string const& file_name) {
-    std::filesystem::path const base(folder.empty() ? std::string(".") : folder);
-    std::filesystem::path const name(file_name.empty() ? std::string("disk.img") : file_name);
-    return (base / name).string();
+    std::filesystem::path const base =
+        zorvane::utils::path_from_utf8(folder.empty() ? "." : folder);
+    std::filesystem::path const name =
+        zorvane::utils::path_from_utf8(file_name.empty() ? "disk.img" : file_name);
+    return zorvane::utils::utf8_from_path(base / name);
 }
 
 void CommitHddCreateDialogResult(HddCreateDialogState* state) {

@@ -20,6 +20,8 @@
 #include <system_error>
 #include <utility>
 
+#include "zorvane/utils.h"
+
 namespace zorvane::frontend::gui {
 
 namespace {
@@ -55,9 +57,9 @@ PickerDialogLayout CurrentPickerLayout(SDL_Window* window, SdlPickerDialogOption
 std::filesystem::path ResolveSimplePickerStartDir(std::string const& requested,
                                                   char const* fallback) {
     if (!requested.empty()) {
-        return std::filesystem::path(requested);
+        return zorvane::utils::path_from_utf8(requested);
     }
-    return std::filesystem::path(fallback != nullptr ? fallback : "");
+    return zorvane::utils::path_from_utf8(fallback != nullptr ? fallback : "");
 }
 
 std::filesystem::path ResolvePickerOpeningDirectory(std::filesystem::path const& start) {
@@ -134,14 +136,14 @@ bool TryAcceptPickerSelection(SdlPickerDialogOptions const& options,
                               std::vector<PickerEntry> const& entries, int selected_index,
                               std::string* accepted_path) {
     if (options.picker_mode == kPickShownFolder) {
-        *accepted_path = current_directory.string();
+        *accepted_path = zorvane::utils::utf8_from_path(current_directory);
         return true;
     }
     if (selected_index < 0 || static_cast<std::size_t>(selected_index) >= entries.size() ||
         entries[selected_index].is_directory) {
         return false;
     }
-    *accepted_path = entries[selected_index].path.string();
+    *accepted_path = zorvane::utils::utf8_from_path(entries[selected_index].path);
     return true;
 }
 
@@ -331,7 +333,8 @@ void RenderPickerDialogFrame(SDL_Renderer* renderer, SdlPickerDialogOptions cons
     SDL_RenderClear(renderer);
     FillRect(renderer, {0, 0, layout.width, kPickerHeaderHeight}, kColFormHeader);
     DrawSimpleModalText(renderer, options.heading.c_str(), 10, 8, kColFormText);
-    DrawSimpleModalText(renderer, state.current_directory.string().c_str(), 10, 30, kColFormText);
+    DrawSimpleModalText(renderer, zorvane::utils::utf8_from_path(state.current_directory).c_str(),
+                        10, 30, kColFormText);
 
     FillRect(renderer, layout.list, kPickerListFill);
     SetDrawColor(renderer, kPickerListOutline);

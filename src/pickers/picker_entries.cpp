@@ -26,14 +26,14 @@ bool PickerEntryNameLess(KeyedPickerEntry const& left, KeyedPickerEntry const& r
 }
 
 KeyedPickerEntry MakeKeyedEntry(std::filesystem::directory_entry const& item, bool is_directory) {
-    std::string name = item.path().filename().string();
+    std::string name = zorvane::utils::utf8_from_path(item.path().filename());
     std::string key = zorvane::utils::ascii_to_lower(name);
     return {std::move(key), PickerEntry{std::move(name), item.path(), is_directory}};
 }
 
 // The extension of `path` with its dot and A to Z lowered; "" when it has none.
 std::string LoweredExtension(std::filesystem::path const& path) {
-    return zorvane::utils::ascii_to_lower(path.extension().string());
+    return zorvane::utils::ascii_to_lower(zorvane::utils::utf8_from_path(path.extension()));
 }
 
 bool HasAnyExtension(std::filesystem::path const& path,

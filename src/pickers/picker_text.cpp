@@ -17,7 +17,8 @@ bool IsCSpace(unsigned char c) {
 }  // namespace
 
 std::string ExtLower(std::string const& path_text) {
-    return zorvane::utils::ascii_to_lower(std::filesystem::path(path_text).extension().string());
+    return zorvane::utils::ascii_to_lower(
+        zorvane::utils::utf8_from_path(zorvane::utils::path_from_utf8(path_text).extension()));
 }
 
 std::string TrimStr(std::string const& text) {

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+#include "zorvane/utils.h"
+
 namespace zorvane::frontend::gui {
 
 namespace {
@@ -66,7 +68,7 @@ std::string ShowSimpleFolderPicker(SDL_Window* parent, FolderPickerOptions const
     char const* const heading = TextOr(options.heading, "Select destination folder");
     std::filesystem::path start = options.start_directory.empty()
                                       ? std::filesystem::current_path()
-                                      : std::filesystem::path(options.start_directory);
+                                      : zorvane::utils::path_from_utf8(options.start_directory);
     return RunSimplePickerDialog(
         parent, MakePickerOptions(title, heading, std::move(start), kFolderPickerFamily,
                                   TextOr(options.accept_label, "Select"),

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "zorvane/utils.h"
+
 namespace zorvane::frontend::gui {
 
 namespace {
@@ -129,8 +131,9 @@ ScreenshotSaveDialogResult BuildInitialScreenshotResult(std::string const& defau
                                                         int jpeg_quality, int png_compression,
                                                         bool bmp_rle) {
     ScreenshotSaveDialogResult result;
-    result.folder =
-        default_folder.empty() ? std::filesystem::current_path().u8string() : default_folder;
+    result.folder = default_folder.empty()
+                        ? zorvane::utils::utf8_from_path(std::filesystem::current_path())
+                        : default_folder;
     result.format = format;
     result.jpeg_quality = std::clamp(jpeg_quality, 1, 100);
     result.png_compression = std::clamp(png_compression, 0, 9);
@@ -146,8 +149,9 @@ ScreenshotSaveDialogResult BuildInitialScreenshotResult(std::string const& defau
 std::string BuildScreenshotPreviewPath(std::string const& folder, std::string const& file_name,
                                        ScreenshotSaveFormat format) {
     std::filesystem::path const base =
-        folder.empty() ? std::filesystem::current_path() : std::filesystem::u8path(folder);
-    return (base / std::filesystem::u8path(ReplaceFilenameExtension(file_name, format))).u8string();
+        folder.empty() ? std::filesystem::current_path() : zorvane::utils::path_from_utf8(folder);
+    return zorvane::utils::utf8_from_path(
+        base / zorvane::utils::path_from_utf8(ReplaceFilenameExtension(file_name, format)));
 }
 
 void RenderScreenshotSaveDialog(ScreenshotSaveDialogSession const& session,

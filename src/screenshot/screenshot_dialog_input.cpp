@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "zorvane/utils.h"
+
 namespace zorvane::frontend::gui {
 
 namespace {
@@ -190,8 +192,9 @@ void CommitScreenshotSaveDialogResult(ScreenshotSaveDialogState* state) {
     }
     ScreenshotSaveDialogResult& result = state->result;
     result.accepted = true;
-    result.folder = state->folder_text.empty() ? std::filesystem::current_path().u8string()
-                                               : state->folder_text;
+    result.folder = state->folder_text.empty()
+                        ? zorvane::utils::utf8_from_path(std::filesystem::current_path())
+                        : state->folder_text;
     result.format = state->format;
     result.jpeg_quality =
         ClampFormatValue(ScreenshotSaveFormat::Jpeg, state->jpeg_quality_text, result.jpeg_quality);

@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include "zorvane/utils.h"
+
 namespace zorvane::frontend::gui {
 
 void ApplySettingsHit(SettingsDialogValues* values, RightPanelHitResult const& hit) {
@@ -40,7 +42,8 @@ void HandleSettingsFontPickerHit(SettingsDialogValues* values, SDL_Window* windo
     }
     std::string start_directory;
     if (!values->custom_font_path.empty()) {
-        start_directory = std::filesystem::path(values->custom_font_path).parent_path().string();
+        start_directory = zorvane::utils::utf8_from_path(
+            zorvane::utils::path_from_utf8(values->custom_font_path).parent_path());
     }
     // Blocks: the picker runs its own loop, with the heartbeat going on, and gives
     // the focus back to `window` when it closes.

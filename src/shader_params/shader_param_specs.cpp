@@ -92,7 +92,7 @@ bool ParseDeclarationLine(std::string_view line, std::istringstream& numbers,
 
 bool ReadShaderParameterFile(std::string const& path, std::string& text) {
     std::string error;
-    return zorvane::utils::read_text_file(std::filesystem::path(path), text, error,
+    return zorvane::utils::read_text_file(zorvane::utils::path_from_utf8(path), text, error,
                                           "cannot open file", "cannot read file");
 }
 

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "zorvane/utils.h"
+
 namespace zorvane::opengl {
 
 namespace {
@@ -47,7 +49,7 @@ std::string ResolveGlslpFirstPass(std::string const& preset_path) {
     if (preset_path.empty()) {
         return {};
     }
-    std::filesystem::path const preset(preset_path);
+    std::filesystem::path const preset = zorvane::utils::path_from_utf8(preset_path);
     std::ifstream file(preset, std::ios::binary);
     if (!file) {
         return {};
@@ -74,11 +76,9 @@ std::string ResolveGlslpFirstPass(std::string const& preset_path) {
     if (file.bad() || Trim(first_pass).empty()) {
         return {};
     }
-    std::filesystem::path const shader(first_pass);
-    if (shader.is_absolute()) {
-        return shader.string();
-    }
-    return (preset.parent_path() / shader).string();
+    std::filesystem::path const shader = zorvane::utils::path_from_utf8(first_pass);
+    return zorvane::utils::utf8_from_path(shader.is_absolute() ? shader
+                                                               : preset.parent_path() / shader);
 }
 
 }  // namespace zorvane::opengl

@@ -5,6 +5,13 @@
 #include <system_error>
 #include <vector>
 
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#endif
+
 namespace zorvane::utils {
 
 namespace {
@@ -101,6 +108,34 @@ std::string stem_or_filename_from_path(std::string_view path, std::string_view f
         name.erase(dot);
     }
     return name;
+}
+
+// POSIX paths are bytes, and the texts are UTF-8 already. Windows paths are UTF-16:
+// the conversions are the system's own, which turn a malformed sequence into U+FFFD
+// where the standard library's would throw (a typed name may hold any bytes).
+std::filesystem::path path_from_utf8(std::string_view text) {
+#ifdef _WIN32
+    int const size = static_cast<int>(text.size());
+    std::wstring wide(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
+    return std::filesystem::path(wide);
+#else
+    return std::filesystem::path(std::string(text));
+#endif
+}
+
+std::string utf8_from_path(std::filesystem::path const& path) {
+#ifdef _WIN32
+    std::wstring const wide = path.generic_wstring();
+    int const size = static_cast<int>(wide.size());
+    std::string text(
+        WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, nullptr, 0, nullptr, nullptr), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(), static_cast<int>(text.size()),
+                        nullptr, nullptr);
+    return text;
+#else
+    return path.generic_string();
+#endif
 }
 
 bool read_text_file(std::filesystem::path const& path, std::string& text, std::string& error,

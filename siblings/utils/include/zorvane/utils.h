@@ -32,6 +32,15 @@ std::string filename_from_path(std::string_view path);
 // an empty text, a text of separators, "." or "..".
 std::string stem_or_filename_from_path(std::string_view path, std::string_view fallback);
 
+// A path from UTF-8 text, and the UTF-8 text of a path with / between its parts.
+// Texts are UTF-8 everywhere; these two conversions keep them so on Windows too,
+// where the narrow forms of std::filesystem::path go through the active code page
+// or the C runtime's locale; there a malformed UTF-8 sequence becomes U+FFFD and
+// nothing throws. Windows takes / as a separator as well, and a path reads the same
+// on every system.
+std::filesystem::path path_from_utf8(std::string_view text);
+std::string utf8_from_path(std::filesystem::path const& path);
+
 // Reads the whole file, byte for byte, into `text`. On failure `text` is left empty,
 // `error` receives `open_error` (the file cannot be opened, or is a directory) or
 // `read_error` (reading failed midway), and the result is false.
