@@ -4,6 +4,10 @@
 
 #include <stdlib.h>
 
+#ifdef _WIN32
+#include <io.h>
+#endif
+
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -197,9 +201,16 @@ struct SampleFloppies {
     SampleFloppies() {
         std::string pattern =
             (std::filesystem::temp_directory_path() / "zorvane_gallery_XXXXXX").string();
+#ifdef _WIN32
+        if (_mktemp_s(pattern.data(), pattern.size() + 1) != 0 ||
+            !std::filesystem::create_directory(pattern)) {
+            return;
+        }
+#else
         if (mkdtemp(pattern.data()) == nullptr) {
             return;
         }
+#endif
         root = pattern;
         folder = root / "floppies";
         std::error_code error;

@@ -140,7 +140,7 @@ int main(int argc, char** argv) {
     if (options.gallery) {
         // The dummy driver's windows keep their last frame in their surface, which is
         // what the gallery saves.
-        setenv("SDL_VIDEODRIVER", "dummy", 1);
+        SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, "dummy", SDL_HINT_OVERRIDE);
     }
     if (SDL_Init(SDL_INIT_VIDEO) != 0 || TTF_Init() != 0) {
         std::fprintf(stderr, "cannot start SDL: %s\n", SDL_GetError());
