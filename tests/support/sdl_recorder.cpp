@@ -1,7 +1,11 @@
 // Interposed SDL and SDL_ttf entry points: log, faults, object counts, frame capture.
 #include "support/sdl_recorder.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <dlfcn.h>
+#endif
 
 #include <algorithm>
 #include <map>
@@ -55,9 +59,18 @@ bool FailCreation(char const* name) {
     return State().faults.fail_nth == number && State().faults.fail_call == name;
 }
 
+// The library's calls reach the definitions below; the real entry point is the next
+// definition of the name on Linux, and the export of SDL's own DLL on Windows, where
+// the test executable's definitions take the place of the import library's.
 template <typename Fn>
 Fn Real(char const* name) {
+#ifdef _WIN32
+    HMODULE const module = GetModuleHandleW(name[0] == 'T' ? L"SDL2_ttf.dll" : L"SDL2.dll");
+    auto* symbol =
+        module != nullptr ? reinterpret_cast<void*>(GetProcAddress(module, name)) : nullptr;
+#else
     void* symbol = dlsym(RTLD_NEXT, name);
+#endif
     if (symbol == nullptr) {
         SDL_Log("test recorder: no real %s", name);
         std::abort();
@@ -297,6 +310,7 @@ SDL_Surface* TTF_RenderUTF8_Blended(TTF_Font* font, char const* text, SDL_Color 
         return nullptr;
     }
     SDL_Surface* surface = real(font, text, fg);
+    Record("TTF_RenderUTF8_Blended", text != nullptr ? text : "");
     ztest::Track(State().surfaces, surface);
     return surface;
 }

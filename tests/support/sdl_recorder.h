@@ -1,7 +1,8 @@
 // Records the SDL and SDL_ttf calls that the library makes, injects failures into
 // them, counts the objects they create, and keeps each window's last presented
 // frame. The test executable defines the SDL entry points itself, so the library's
-// calls land here first and reach SDL through dlsym(RTLD_NEXT, ...).
+// calls land here first and reach SDL through dlsym(RTLD_NEXT, ...), or on Windows
+// through the exports of SDL's DLLs.
 #pragma once
 
 #include <SDL.h>

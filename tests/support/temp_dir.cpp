@@ -3,16 +3,32 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <random>
 #include <system_error>
 
 namespace ztest {
 
 TempDir::TempDir() {
+#ifdef _WIN32
+    // No mkdtemp: the first fresh random name that can be made is ours.
+    std::random_device random;
+    for (int attempt = 0; attempt < 100 && path_.empty(); ++attempt) {
+        std::filesystem::path const candidate =
+            std::filesystem::temp_directory_path() / ("zorvane_test_" + std::to_string(random()));
+        if (std::filesystem::create_directory(candidate)) {
+            path_ = candidate;
+        }
+    }
+    if (path_.empty()) {
+        std::abort();
+    }
+#else
     std::string pattern = (std::filesystem::temp_directory_path() / "zorvane_test_XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) {
         std::abort();
     }
     path_ = pattern;
+#endif
 }
 
 TempDir::~TempDir() {
