@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using namespace zorvane::frontend::gui;
 
 // The rows as "name/|" for a directory and "name|" for a file, in list order.
-std::string NamesOf(std::vector<PickerEntry> const& entries) {
+[[maybe_unused]] std::string NamesOf(std::vector<PickerEntry> const& entries) {
     std::string names;
     for (PickerEntry const& entry : entries) {
         names += entry.name + (entry.is_directory ? "/|" : "|");
@@ -25,6 +25,9 @@ std::string NamesOf(std::vector<PickerEntry> const& entries) {
 }
 
 TEST(PickerEntries, ParentThenFoldersWithoutCaseThenAcceptedFilesWithTheirLabels) {
+#ifdef _WIN32
+    GTEST_SKIP() << "made of POSIX files: symbolic links, a FIFO and a folder locked by chmod";
+#else
     ztest::TempDir dir;
     fs::path const& root = dir.path();
     for (std::string name : {"Zeta/", "alpha/", "music.img/", "b.IMG", "A.img", "c.txt",
@@ -59,6 +62,7 @@ TEST(PickerEntries, ParentThenFoldersWithoutCaseThenAcceptedFilesWithTheirLabels
         kinds += IsShaderPickerEntry(name) ? 'S' : IsFontPickerEntry(name) ? 'F' : '-';
     }
     EXPECT_EQ(kinds, "SSSSSSFF----");
+#endif
 }
 
 class PickerDialog : public ztest::DialogTest {};
@@ -80,7 +84,8 @@ TEST_F(PickerDialog, StartsBesideAFileOrInTheWorkingDirectory) {
     script.Then(ztest::gestures::Key(SDLK_RETURN));
     std::string const font = ShowSimpleTtfFilePicker(nullptr, "data/ttf/B.otf");
     std::string const floppy = ShowSimpleFloppyFilePicker(nullptr, "missing/disk.img");
-    EXPECT_EQ(font + " " + floppy, "data/ttf/A.ttf " + (fs::current_path() / "boot.img").string());
+    EXPECT_EQ(font + " " + floppy,
+              "data/ttf/A.ttf " + (fs::current_path() / "boot.img").generic_string());
     EXPECT_FALSE(script.timed_out());
 }
 

@@ -42,7 +42,7 @@ TEST(ShaderParameterParsers, DeclarationAndPresetLinesAsWritten) {
 
 TEST(ShaderParameterParsers, PresetsStandForTheirFirstPassAndUnreadablePathsGiveNothing) {
     std::string const data =
-        std::filesystem::path(__FILE__).parent_path() / "../data/shader_params";
+        (std::filesystem::path(__FILE__).parent_path() / "../data/shader_params").string();
     // Tabs, CR LF, comments, a line without a step, a last line without a line feed.
     EXPECT_EQ(Describe(ParseShaderParameterSpecs(data + "/crt_soft.glslp")),
               "CURVATURE [Screen curvature] 0.08 0 0.25 0.01;"
@@ -52,7 +52,7 @@ TEST(ShaderParameterParsers, PresetsStandForTheirFirstPassAndUnreadablePathsGive
     EXPECT_EQ(Describe(ParseGlslpParameterOverrides(data + "/crt_soft.glslp")),
               "CURVATURE=0.12;SCANLINE_WEIGHT=8.5;MASK_DARK=0.35;CURVATURE=0.2;");
     ztest::TempDir dir;
-    auto const at = [&](std::string const& name) { return (dir.path() / name).string(); };
+    auto const at = [&](std::string const& name) { return (dir.path() / name).generic_string(); };
     // clang-format off
     std::pair<std::string, std::string> const passes[] = {  // relative to the folder; "": none
         {"shaders = \"2\"\r\n  shader0   =  \"sub dir/crt.glsl\" \r\n", "presets/sub dir/crt.glsl"},

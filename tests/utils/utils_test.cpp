@@ -48,9 +48,13 @@ TEST(Utils, ReadTextFileIsBinarySafeAndFailsCleanly) {
     auto const file = dir.Write("f.glsl", content);
     EXPECT_EQ(read(file), "read " + content + "|");
     EXPECT_EQ(read(dir.path()), "failed |cannot open");
+#ifdef _WIN32
+    GTEST_SKIP() << "an unreadable file needs POSIX permission bits and a user other than root";
+#else
     chmod(file.c_str(), 0);
     ztest::ChildOutcome const child = ztest::RunAsUnprivilegedUser([&] { return read(file); });
     ASSERT_TRUE(child.unprivileged);
     EXPECT_EQ(child.output, "failed |cannot open");
+#endif
 }
 }  // namespace
