@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs what the build, the demo host and the tests need on Debian 12, and
-# fetches the UI fonts into data/ttf. Safe to run again.
+# fetches the UI fonts into data/ttf. Safe to run again. --windows adds the mingw-w64
+# cross compilers, Wine and what builds the Windows libraries from Debian's sources;
+# --libcxx adds LLVM's libc++.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,6 +13,15 @@ packages=(
     fonts-dejavu-core woff2
     xvfb xauth libx11-dev libxtst-dev
 )
+
+for arg in "$@"; do
+    case "$arg" in
+        --windows) packages+=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev ninja-build
+                              imagemagick) ;;
+        --libcxx) packages+=(libc++-dev libc++abi-dev) ;;
+        *) echo "unknown option: $arg" >&2; exit 2 ;;
+    esac
+done
 
 # npm only fetches the fonts; a machine that has it from elsewhere keeps its own.
 command -v npm >/dev/null 2>&1 || packages+=(npm)
