@@ -41,21 +41,7 @@ case "$mode" in
         cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
             -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/toolchains/mingw-w64-x86_64.cmake" \
             -DZORVANE_WINDOWS_PREFIX="$deps/prefix" -DZORVANE_SDL_UI_BUILD_BENCHMARKS=OFF >/dev/null
-        # A 64-bit Wine prefix of our own, its server kept up for the whole run. The DLLs
-        # come from the dependency prefix and the compiler's runtime folder.
-        export WINEPREFIX="$deps/wine" WINEARCH=win64 WINEDEBUG=-all
-        export WINEDLLOVERRIDES="mscoree,mshtml=" WINEPATH="Z:$deps/prefix/bin;Z:/usr/x86_64-w64-mingw32/lib"
-        # Windows programs get the Western code page 1252, not UTF-8, and the names beyond
-        # ASCII must survive it; Unix file names stay UTF-8 below Wine.
-        export LC_ALL=C.UTF-8
-        if [ ! -f "$WINEPREFIX/system.reg" ]; then
-            /usr/lib/wine/wine64 wineboot -i >/dev/null 2>&1
-        fi
-        # Wine's own services start with the first program and live as long as the
-        # server: started here, they hold no pipe of ctest's.
-        /usr/lib/wine/wineserver -p 2>/dev/null || true  # or it runs already
-        trap '/usr/lib/wine/wineserver -k 2>/dev/null || true' EXIT
-        /usr/lib/wine/wine64 cmd /c exit >/dev/null 2>&1 </dev/null
+        source scripts/wine_env.sh "$deps"
         ;;
     libcxx)
         # GoogleTest from Debian's source package, built against libc++ as well.
