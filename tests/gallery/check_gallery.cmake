@@ -1,4 +1,5 @@
-# Runs HOST --gallery (under EMULATOR, if any) into an emptied DIR; expects EXPECTED non-empty PNGs there, alone.
+# Runs HOST --gallery (under EMULATOR, if any) into an emptied DIR; expects EXPECTED
+# non-empty PNGs there, alone.
 file(REMOVE_RECURSE "${DIR}")
 execute_process(COMMAND ${EMULATOR} "${HOST}" --gallery "${DIR}" RESULT_VARIABLE status OUTPUT_QUIET)
 file(GLOB pictures "${DIR}/*.png")
