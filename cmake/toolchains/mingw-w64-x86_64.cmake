@@ -4,7 +4,7 @@
 # scripts/windows_deps.sh fills) and in the compiler's own sysroot. Where Wine is
 # installed, cross-built programs (tests included) run under wine64.
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR AMD64)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
 set(zorvane_triple x86_64-w64-mingw32)
 set(CMAKE_C_COMPILER ${zorvane_triple}-gcc-posix)

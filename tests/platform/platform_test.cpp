@@ -93,7 +93,7 @@ TEST_F(NonAsciiNames, PickersListSortShowAndReturnThemParsersAndFontsOpenFilesBe
     }
     EXPECT_NE(shown.find("|" + folder + "|"), std::string::npos) << shown;
     EXPECT_NE(shown.find("[IMG] " + cafe_ + ".img|"), std::string::npos) << shown;
-    script.At(script.frame() + 3, [](ztest::DialogScript& s) { s.Click(719, 515); });  // Select
+    script.At(script.frame() + 3, ztest::gestures::Click(719, 515));  // Select
     std::string const inner = folder + "/" + cafe_;
     EXPECT_EQ(ShowSimpleFolderPicker(nullptr, {"", "", "", "", inner}), inner);
 
