@@ -183,7 +183,8 @@ std::vector<Patch>& Patches() {
     return patches;
 }
 
-// One wrapper per call, listed among the patches as it is defined.
+// One wrapper per call that can change the disk and that the executable imports (or
+// might: the C runtime's remove and rename), listed among the patches as it is defined.
 #define ZTEST_WATCH(ret, name, params, args, noted)                          \
     decltype(&name) next_##name = nullptr;                                   \
     ret WINAPI Watch_##name params {                                         \
@@ -196,37 +197,21 @@ std::vector<Patch>& Patches() {
         (Patches().push_back({#name, reinterpret_cast<void*>(&Watch_##name), \
                               reinterpret_cast<void**>(&next_##name)}),      \
          true);
-#define ZTEST_WATCH_CREATE(name, text)                                                 \
-    ZTEST_WATCH(HANDLE, name,                                                          \
-                (text path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security, \
-                 DWORD disposition, DWORD flags, HANDLE model),                        \
-                (path, access, share, security, disposition, flags, model),            \
-                Writes(access, disposition))
-ZTEST_WATCH_CREATE(CreateFileW, LPCWSTR)
-ZTEST_WATCH_CREATE(CreateFileA, LPCSTR)
+ZTEST_WATCH(HANDLE, CreateFileW,
+            (LPCWSTR path, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+             DWORD disposition, DWORD flags, HANDLE model),
+            (path, access, share, security, disposition, flags, model), Writes(access, disposition))
 ZTEST_WATCH(FILE*, _wfopen, (wchar_t const* path, wchar_t const* mode), (path, mode), Writes(mode))
 ZTEST_WATCH(FILE*, fopen, (char const* path, char const* mode), (path, mode), Writes(mode))
 ZTEST_WATCH(int, _wopen, (wchar_t const* path, int flags, int mode), (path, flags, mode),
             Writes(flags))
-ZTEST_WATCH(int, _open, (char const* path, int flags, int mode), (path, flags, mode), Writes(flags))
-ZTEST_WATCH(BOOL, CreateDirectoryW, (LPCWSTR path, LPSECURITY_ATTRIBUTES s), (path, s), true)
-ZTEST_WATCH(BOOL, CreateDirectoryA, (LPCSTR path, LPSECURITY_ATTRIBUTES s), (path, s), true)
 ZTEST_WATCH(BOOL, RemoveDirectoryW, (LPCWSTR path), (path), true)
-ZTEST_WATCH(BOOL, RemoveDirectoryA, (LPCSTR path), (path), true)
 ZTEST_WATCH(BOOL, DeleteFileW, (LPCWSTR path), (path), true)
-ZTEST_WATCH(BOOL, DeleteFileA, (LPCSTR path), (path), true)
 ZTEST_WATCH(BOOL, MoveFileExW, (LPCWSTR path, LPCWSTR to, DWORD f), (path, to, f), true)
-ZTEST_WATCH(BOOL, MoveFileExA, (LPCSTR path, LPCSTR to, DWORD f), (path, to, f), true)
-ZTEST_WATCH(BOOL, MoveFileW, (LPCWSTR path, LPCWSTR to), (path, to), true)
-ZTEST_WATCH(BOOL, MoveFileA, (LPCSTR path, LPCSTR to), (path, to), true)
 ZTEST_WATCH(int, _wmkdir, (wchar_t const* path), (path), true)
 ZTEST_WATCH(int, _mkdir, (char const* path), (path), true)
-ZTEST_WATCH(int, _wrmdir, (wchar_t const* path), (path), true)
-ZTEST_WATCH(int, _rmdir, (char const* path), (path), true)
 ZTEST_WATCH(int, _wremove, (wchar_t const* path), (path), true)
 ZTEST_WATCH(int, remove, (char const* path), (path), true)
-ZTEST_WATCH(int, _wunlink, (wchar_t const* path), (path), true)
-ZTEST_WATCH(int, _unlink, (char const* path), (path), true)
 ZTEST_WATCH(int, _wrename, (wchar_t const* path, wchar_t const* to), (path, to), true)
 ZTEST_WATCH(int, rename, (char const* path, char const* to), (path, to), true)
 

@@ -22,7 +22,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace zorvane::frontend::gui;
 using zorvane::utils::path_from_utf8;
 using zorvane::utils::utf8_from_path;
@@ -49,13 +48,6 @@ TEST(Platform, AboutNamesTheSystemAndTheCompilerOfThisBuild) {
 
 class NonAsciiNames : public ztest::DialogTest {
 protected:
-    // Writes `content` to `name`, a UTF-8 path relative to the temporary folder.
-    void Write(std::string const& name, std::string const& content) {
-        fs::path const file = path_from_utf8(root_ + "/" + name);
-        fs::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary) << content;
-    }
-
     ztest::TempDir dir_;
     std::string const root_ = utf8_from_path(dir_.path());
     std::string const cafe_ = "caf\xC3\xA9";                // café
@@ -70,7 +62,7 @@ TEST_F(NonAsciiNames, PickersListSortShowAndReturnThemParsersAndFontsOpenFilesBe
     std::string const folder = root_ + "/" + nihon_;
     for (std::string const& name :
          {cafe_ + "/keep", cafe_ + ".img", std::string("Zed.img"), std::string("abc.img")}) {
-        Write(nihon_ + "/" + name, "");
+        dir_.Write(nihon_ + "/" + name, "");
     }
     std::string names;
     for (PickerEntry const& entry :
@@ -98,9 +90,10 @@ TEST_F(NonAsciiNames, PickersListSortShowAndReturnThemParsersAndFontsOpenFilesBe
     EXPECT_EQ(ShowSimpleFolderPicker(nullptr, {"", "", "", "", inner}), inner);
 
     // A preset, its shader and its values in café/日本.
-    Write(cafe_ + "/" + nihon_ + "/p.glslp",
-          "shaders = 1\nshader0 = " + nihon_ + ".glsl\nparameters = A\nA = 0.5\n");
-    Write(cafe_ + "/" + nihon_ + "/" + nihon_ + ".glsl", "#pragma parameter A \"a\" 0.1 0 1 0.1\n");
+    dir_.Write(cafe_ + "/" + nihon_ + "/p.glslp",
+               "shaders = 1\nshader0 = " + nihon_ + ".glsl\nparameters = A\nA = 0.5\n");
+    dir_.Write(cafe_ + "/" + nihon_ + "/" + nihon_ + ".glsl",
+               "#pragma parameter A \"a\" 0.1 0 1 0.1\n");
     std::string const preset = root_ + "/" + cafe_ + "/" + nihon_ + "/p.glslp";
     EXPECT_EQ(ResolveShaderGlslPath(preset),
               root_ + "/" + cafe_ + "/" + nihon_ + "/" + nihon_ + ".glsl");
@@ -112,8 +105,8 @@ TEST_F(NonAsciiNames, PickersListSortShowAndReturnThemParsersAndFontsOpenFilesBe
     if (!font) {
         GTEST_SKIP() << "data/ttf/IBMPlexSans-SemiBold.ttf is missing (scripts/fetch_fonts.sh)";
     }
-    Write(nihon_ + "/" + cafe_ + "/data/ttf/IBMPlexSans-SemiBold.ttf",
-          std::string(std::istreambuf_iterator<char>(font), {}));
+    dir_.Write(nihon_ + "/" + cafe_ + "/data/ttf/IBMPlexSans-SemiBold.ttf",
+               std::string(std::istreambuf_iterator<char>(font), {}));
     ztest::ScopedWorkingDirectory const cwd(path_from_utf8(folder + "/" + cafe_));
     ShutdownSdlUiCachedFonts();
     ztest::ResetRecorder();

@@ -1,6 +1,8 @@
 // Temporary folders and working-directory guards for the tests.
 #include "support/temp_dir.h"
 
+#include "zorvane/utils.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <random>
@@ -44,7 +46,7 @@ TempDir::~TempDir() {
 }
 
 std::filesystem::path TempDir::Write(std::string const& name, std::string const& content) const {
-    std::filesystem::path const file = path_ / name;
+    std::filesystem::path const file = path_ / zorvane::utils::path_from_utf8(name);
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
     return file;

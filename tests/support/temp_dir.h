@@ -15,7 +15,7 @@ public:
     TempDir& operator=(TempDir const&) = delete;
 
     std::filesystem::path const& path() const { return path_; }
-    // Writes `content` to the relative path `name`, creating its folders.
+    // Writes `content` to the relative UTF-8 path `name`, creating its folders.
     std::filesystem::path Write(std::string const& name, std::string const& content) const;
 
 private:
