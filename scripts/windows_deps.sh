@@ -45,7 +45,10 @@ fetch() {
         if (cd "$root/download" &&
             apt-get "${apt_opts[@]}" source --download-only -qq "$source=$version" \
                 >/dev/null 2>&1); then
-            dpkg-source -x "$root/download/${source}_${version#*:}.dsc" "$dir" >/dev/null
+            # apt checked the files against the signed archive; dpkg-source has no keys.
+            dpkg-source --no-check -x "$root/download/${source}_${version#*:}.dsc" "$dir" \
+                >/dev/null
+            rm -f "$root/src/${source}_"*  # the tarballs that dpkg-source copied beside it
             echo "$source $version" >"$dir/.unpacked"
             echo "== $source $version from Debian's source"
             return
