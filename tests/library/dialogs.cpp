@@ -17,6 +17,12 @@
 #include <filesystem>
 #include <set>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+#include "zorvane/utils.h"
+
 namespace ztest {
 
 namespace fs = std::filesystem;
@@ -81,8 +87,8 @@ Dialog FilePicker(PickFile show, std::string kinds, std::string start) {
 Dialog FontPicker() {
     return FilePicker(gui::ShowSimpleTtfFilePicker, ".ttf .otf ");
 }
-Dialog FloppyPicker() {
-    return FilePicker(gui::ShowSimpleFloppyFilePicker, ".ima .img .IMA .IMG ");
+Dialog FloppyPicker(std::string start) {
+    return FilePicker(gui::ShowSimpleFloppyFilePicker, ".ima .img .IMA .IMG ", start);
 }
 Dialog ShaderPicker(std::string start) {
     return FilePicker(gui::ShowSimpleShaderFilePicker, ".glsl .glslp .frag .vert .fs .vs ", start);
@@ -110,15 +116,17 @@ Dialog Settings(std::string font_mode) {
     };
 }
 
-Dialog ShaderParameters() {
-    return [](SDL_Window* parent) {
+Dialog ShaderParameters(std::string path) {
+    return [path](SDL_Window* parent) {
         Outcome outcome;
+        std::vector<gui::ShaderParameterValue> start = gui::ParseGlslpParameterOverrides(path);
+        start.push_back({"MASK", 0.65f});
         gui::ShaderDialogResult const result = gui::ShowShaderParameterDialog(
-            parent, "shaders/crt.glsl", 1.0f,
+            parent, path, 1.0f,
             [&](std::vector<gui::ShaderParameterValue> const& values) {
                 outcome.result += "apply " + Describe(values) + " | ";
             },
-            {{"MASK", 0.65f}});
+            start);
         outcome.result += Describe(result);
         outcome.nothing_done = !result.accepted;
         std::string names;
@@ -164,30 +172,44 @@ Dialog About() {
     };
 }
 
+// The sample sits in a folder named "café 日本", and some of its names go beyond ASCII
+// too, so that every path on its way into and out of a dialog passes the UTF-8
+// conversions, on Windows under any code page.
 SampleFolder::SampleFolder() {
+#ifdef _WIN32
+    EXPECT_NE(GetACP(), static_cast<UINT>(CP_UTF8)) << "the names prove nothing under UTF-8";
+#endif
+    std::string const root = "caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC/";
     std::error_code ignored;
-    fs::create_directories(dir_.path() / "data/ttf", ignored);
-    fs::copy(fs::current_path() / "data/ttf", dir_.path() / "data/ttf", ignored);
+    fs::path const fonts = dir_.path() / zorvane::utils::path_from_utf8(root + "data/ttf");
+    fs::create_directories(fonts, ignored);
+    fs::copy(fs::current_path() / "data/ttf", fonts, ignored);
     for (char const* name :
          {"DOS622_1.IMA", "DOS622_2.IMA", "DOS622_3.IMA", "TOOLS.IMG", "dos_tools.img",
-          "readme.txt", "drivers/MOUSE.IMG", "games/keep", "system/keep"}) {
-        dir_.Write(std::string("floppies/") + name, "");
+          "readme.txt", "drivers/MOUSE.IMG", "games/keep", "system/keep", "caf\xC3\xA9.ima",
+          "caf\xC3\xA9/\xE6\x97\xA5\xE6\x9C\xAC.img"}) {
+        dir_.Write(root + "floppies/" + name, "");
     }
     for (int disk = 10; disk < 40; ++disk) {
-        dir_.Write("floppies/GAMES_" + std::to_string(disk) + ".IMG", "");
+        dir_.Write(root + "floppies/GAMES_" + std::to_string(disk) + ".IMG", "");
     }
-    dir_.Write("shaders/crt.glslp", "shaders = 1\nshader0 = crt.glsl\n");
-    dir_.Write("shaders/notes.txt", "");
-    dir_.Write("shaders/crt.glsl",
+    dir_.Write(root + "shaders/crt.glslp", "shaders = 1\nshader0 = crt.glsl\n");
+    dir_.Write(
+        root + "presets/\xE6\x97\xA5\xE6\x9C\xAC/caf\xC3\xA9.glslp",
+        "shaders = 1\nshader0 = ../../shaders/crt.glsl\nparameters = \"MASK;TILT\"\nMASK = 0.9\n"
+        "TILT = -0.5\n");
+    dir_.Write(root + "shaders/notes.txt", "");
+    dir_.Write(root + "shaders/crt.glsl",
                "#pragma parameter CURVE \"Screen curvature\" 0.08 0.0 0.25 0.01\n"
                "#pragma parameter SCAN \"Scanline weight\" 6.0 0.5 12.0 0.5\n"
                "#pragma parameter MASK \"Mask strength\" 0.5 0.0 1.0 0.05\n"
                "#pragma parameter GLOW \"\" 0.3 0.0 1.0 0.0\n"
                "#pragma parameter GAMMA \"Output gamma\" 2.2 1.0 3.0 0.1\n"
                "#pragma parameter TILT \"Tilt\" 0.0 -1.0 1.0 0.25\n");
-    dir_.Write("out/captures/old.png", "");
-    dir_.Write("out/images/c.img", "");
-    cwd_ = std::make_unique<ScopedWorkingDirectory>(dir_.path());
+    dir_.Write(root + "out/captures/old.png", "");
+    dir_.Write(root + "out/images/c.img", "");
+    cwd_ = std::make_unique<ScopedWorkingDirectory>(dir_.path() /
+                                                    zorvane::utils::path_from_utf8(root));
 }
 
 SDL_Window* WholeDialogTest::parent_ = nullptr;

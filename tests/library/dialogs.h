@@ -36,13 +36,14 @@ Dialog FolderPicker(std::string start);
 // followed by a space (".ttf .otf ").
 Dialog FilePicker(PickFile show, std::string kinds, std::string start = "");
 Dialog FontPicker();
-Dialog FloppyPicker();
+Dialog FloppyPicker(std::string start = "");
 Dialog ShaderPicker(std::string start = "shaders");
 // The settings of a host: 60 fps, 4.77 MHz, gain 1.5, HDD sounds on at 0.35, and the font
 // mode given, with "data/ttf/Mono Retro.ttf" for "ttf-custom". The result lists each Apply.
 Dialog Settings(std::string font_mode = "pixel");
-// shaders/crt.glsl with MASK at 0.65; the result lists each Apply, then the dialog's result.
-Dialog ShaderParameters();
+// A shader or preset, started from the preset's values, then MASK at 0.65; the result
+// lists each Apply, then the dialog's result.
+Dialog ShaderParameters(std::string path = "shaders/crt.glsl");
 // out/captures, capture.png in `format`, quality 85, compression 6, RLE on.
 Dialog Screenshot(zorvane::frontend::gui::ScreenshotSaveFormat format);
 // out/images, the default size.
@@ -51,8 +52,8 @@ Dialog DiskImage();
 Dialog About();
 
 // The working directory of a test: the UI fonts of the project's data/ttf, floppy
-// images (three folders and 35 images), shaders/crt.glsl with five parameters, a preset,
-// and the folders out/captures and out/images.
+// images (four folders and 36 images), shaders/crt.glsl with five parameters and its
+// preset, a preset that sets two of them, and the folders out/captures and out/images.
 class SampleFolder {
 public:
     SampleFolder();
