@@ -1,7 +1,12 @@
-// The build facts that the About dialog shows follow the system and compiler of the build.
+// The build facts that the About dialog shows follow the system and compiler of the build,
+// and Windows runs the tests under a code page other than UTF-8.
 #include "about/about_dialog.h"
 
 #include <gtest/gtest.h>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 namespace {
 
@@ -26,5 +31,13 @@ TEST(Platform, AboutNamesTheSystemAndTheCompilerOfThisBuild) {
     EXPECT_EQ(rows.compiler, "GNU " + version(__GNUC__, __GNUC_MINOR__, __GNUC_PATCHLEVEL__));
 #endif
 }
+
+#ifdef _WIN32
+// The whole-library tests pick, show and parse names beyond ASCII; on Windows they prove
+// the UTF-8 conversions only under a code page other than UTF-8.
+TEST(Platform, WindowsRunsUnderACodePageOtherThanUtf8) {
+    EXPECT_NE(GetACP(), static_cast<UINT>(CP_UTF8));
+}
+#endif
 
 }  // namespace
