@@ -1,5 +1,5 @@
 // The display of a test process: SDL's video subsystem on the driver that the test
-// executable asks for, with an Xvfb server started on demand for the x11 driver.
+// executable asks for. An x11 suite finds its private Xvfb in DISPLAY (with_xvfb.sh).
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,8 +8,9 @@
 
 namespace ztest {
 
-// Starts SDL video on $SDL_VIDEODRIVER (dummy when unset). For x11 without a
-// DISPLAY it first starts a private Xvfb and points DISPLAY at it.
+// Starts SDL video on $SDL_VIDEODRIVER, dummy when unset; ends the process when it
+// cannot. Windows has no X server: there an x11 suite runs on the dummy driver and its
+// tests skip themselves.
 void StartTestDisplay();
 void StopTestDisplay();
 

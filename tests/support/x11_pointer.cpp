@@ -1,15 +1,6 @@
 // XTest button events on a connection of our own to the display SDL uses.
 #include "support/x11_pointer.h"
 
-#ifdef _WIN32
-namespace ztest {
-
-bool SetRealPointerButton(bool, unsigned int) {
-    return false;  // no X server on Windows
-}
-
-}  // namespace ztest
-#else
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 
@@ -28,4 +19,3 @@ bool SetRealPointerButton(bool down, unsigned int button) {
 }
 
 }  // namespace ztest
-#endif
