@@ -207,6 +207,10 @@ TEST_P(EveryDialog, RandomInputNeverBreaksItAndAQuitClosesIt) {
 
 // The parsers and name helpers only read, and the watch does see a write.
 TEST(EveryParser, ReadsWithoutWriting) {
+#ifdef _WIN32
+    GTEST_SKIP() << "the file watch sees the C library's calls, which Windows programs reach "
+                    "through their import tables; the Linux runs watch the same code";
+#endif
     ztest::SampleFolder const sample;
     std::string read;
     {
