@@ -19,6 +19,8 @@ namespace {
 using namespace ztest::gestures;
 using ztest::DialogScript;
 using Format = zorvane::frontend::gui::ScreenshotSaveFormat;
+using Config = zorvane::frontend::gui::SdlMessageBox::Config;
+using Button = zorvane::frontend::gui::SdlMessageBox::Button;
 using Type = zorvane::frontend::gui::SdlMessageBox::Type;
 
 struct State {
@@ -33,6 +35,15 @@ struct State {
 void PrintTo(State const& state, std::ostream* out) {
     *out << state.name;
 }
+
+std::string Repeated(std::string const& line, std::size_t bytes) {
+    std::string text;
+    while (text.size() < bytes) {
+        text += line;
+    }
+    return text;
+}
+std::string const kInvalid = "bad \xFF\xFE utf8 \xC3 end \xE2\x82";
 
 // A settings topic: its row in the navigation panel.
 DialogScript::Step Topic(int row) {
@@ -62,14 +73,22 @@ std::vector<State> const kStates = {
     {"message_box_success", ztest::MessageBox(Type::Success), {},
      {Click(390, 170), Click(389, 184)}, "0"},
     {"message_box_type_above_five", ztest::MessageBox(Type(9)), {}, {Click(214, 157)}, "1"},
-    {"message_box_defaults", ztest::BareMessageBox(), {}, {Key(SDLK_ESCAPE)}, "1"},
+    {"message_box_defaults", ztest::MessageBox(Config{}), {}, {Key(SDLK_ESCAPE)}, "1"},
+    {"message_box_huge_text",
+     ztest::MessageBox({"T", Repeated("emulated machine keeps running\n", 1 << 20), Type(250),
+                        {{9, "Keep", false, true, {}}}, -50, -7}),
+     {}, {Key(SDLK_ESCAPE)}, "9"},
+    {"message_box_invalid_utf8",
+     ztest::MessageBox({kInvalid, kInvalid, Type::Error,
+                        std::vector<Button>(1000, {9, kInvalid, false, true, {}})}),
+     {}, {Key(SDLK_ESCAPE)}, "9"},
     {"message_box_hovered_button", ztest::MessageBox(Type::Question), {Hover(350, 170)},
      {Click(350, 185)}, "-1"},
     {"message_box_pressed_button", ztest::MessageBox(Type::Question), {Press(250, 170)},
      {Release(350, 170)}, "0"},
     {"message_box_wrapped_text",
-     ztest::MessageBox(Type::Warning, "Drive A: holds DOS622_1.IMA.\n\nThe emulated machine keeps "
-                       "running while this box is open. C:\\WINDOWS\\SYSTEM\\VERYLONGDRIVERNAME.DRV"),
+     ztest::MessageBox(Type::Warning, "  Drive A: holds\t\tDOS622_1.IMA.\n\nThe emulated machine "
+                       "keeps running while this box is open. C:\\WINDOWS\\SYSTEM\\DRIVERS.DRV"),
      {}, {}, "-1"},
     // File pickers 760 x 520: a list from y 56 to 473 with rows of 24 from y 57, Cancel at x 592
     // to 661 and Open at 672 to 741, y 482 to 511; the folder picker 780 x 540 with Select at
@@ -191,6 +210,10 @@ std::vector<State> const kStates = {
     {"about", ztest::About(), {}, {Press(300, 300)}, "open https://zorvane.org ", kBuildFacts},
     {"about_link_hovered", ztest::About(), {Hover(300, 200)}, {Release(300, 200), Press(300, 200)},
      "open https://www.youtube.com/@zorvane ", kBuildFacts},
+    // Without fonts 860 x 597: the video row from y 163 and the home row from y 261, 86 high.
+    {"about_without_fonts", ztest::About(false), {Hover(139, 203)},
+     {Click(139, 301, 1, SDL_BUTTON_RIGHT), Press(821, 203), Press(139, 203), Press(139, 301)},
+     "open https://www.youtube.com/@zorvane open https://zorvane.org "},
 };
 // clang-format on
 

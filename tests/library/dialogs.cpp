@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <set>
@@ -42,24 +43,22 @@ bool SettingsInRange(gui::SettingsDialogValues const& v) {
 
 }  // namespace
 
-Dialog MessageBox(gui::SdlMessageBox::Type type, std::string message) {
-    return [type, message](SDL_Window* parent) {
-        gui::SdlMessageBox::Config config;
-        config.title = "Reset the machine?";
-        config.message = message;
-        config.type = type;
-        config.width = 420;
-        config.buttons = {{1, "Reset", true, false, {}}, {0, "Cancel", false, true, {}}};
+Dialog MessageBox(gui::SdlMessageBox::Config config) {
+    return [config](SDL_Window* parent) {
         int const id = gui::SdlMessageBox(config).Show(parent, 1.0f);
-        return Outcome{std::to_string(id), id == -1, Broken(id >= -1 && id <= 1, "an unknown id")};
+        bool const known = std::any_of(config.buttons.begin(), config.buttons.end(),
+                                       [id](auto const& button) { return button.id == id; });
+        return Outcome{std::to_string(id), id == -1,
+                       Broken(id == -1 || known || config.buttons.empty(), "an unknown id")};
     };
 }
 
-Dialog BareMessageBox() {
-    return [](SDL_Window* parent) {
-        int const id = gui::SdlMessageBox(gui::SdlMessageBox::Config{}).Show(parent, 1.0f);
-        return Outcome{std::to_string(id), id == -1, Broken(id == -1 || id == 1, "an unknown id")};
-    };
+Dialog MessageBox(gui::SdlMessageBox::Type type, std::string message) {
+    return MessageBox({"Reset the machine?",
+                       std::move(message),
+                       type,
+                       {{1, "Reset", true, false, {}}, {0, "Cancel", false, true, {}}},
+                       420});
 }
 
 Dialog FolderPicker(std::string start) {
@@ -157,9 +156,12 @@ Dialog DiskImage() {
     };
 }
 
-Dialog About() {
-    return [](SDL_Window* parent) {
-        gui::ShowSimpleAboutDialog(parent, 1.0f);
+Dialog About(bool fonts) {
+    return [fonts](SDL_Window* parent) {
+        if (!fonts) {
+            Faults().allow_font_path = [](std::string const&) { return false; };
+        }
+        gui::ShowSimpleAboutDialog(parent, fonts ? 1.0f : -3.0f);  // the scale changes nothing
         Outcome outcome;
         for (SdlCall const& call : RecordedCalls("SDL_OpenURL")) {
             outcome.result += "open " + call.text + " ";

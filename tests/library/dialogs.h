@@ -26,11 +26,11 @@ struct Outcome {
 using Dialog = std::function<Outcome(SDL_Window* parent)>;
 using PickFile = std::string (*)(SDL_Window*, std::string const&);
 
+// A message box; the result is the id it returns.
+Dialog MessageBox(zorvane::frontend::gui::SdlMessageBox::Config config);
 // A message box with a Reset (1) and a Cancel (0, the cancel button) button, 420 wide.
 Dialog MessageBox(zorvane::frontend::gui::SdlMessageBox::Type type,
                   std::string message = "The emulated PC restarts from drive C:.");
-// A message box from a default configuration: "Message" and "OK".
-Dialog BareMessageBox();
 Dialog FolderPicker(std::string start);
 // A file picker, whose pick must be a file with one of the extensions in `kinds`, each
 // followed by a space (".ttf .otf ").
@@ -48,8 +48,8 @@ Dialog ShaderParameters(std::string path = "shaders/crt.glsl");
 Dialog Screenshot(zorvane::frontend::gui::ScreenshotSaveFormat format);
 // out/images, the default size.
 Dialog DiskImage();
-// The result lists the pages it opened.
-Dialog About();
+// The result lists the pages it opened; without fonts every measure takes its fallback.
+Dialog About(bool fonts = true);
 
 // The working directory of a test: the UI fonts of the project's data/ttf, floppy
 // images (four folders and 36 images), shaders/crt.glsl with five parameters and its

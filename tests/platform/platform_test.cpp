@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #ifdef _WIN32
 #include <windows.h>
 #endif
@@ -30,6 +32,17 @@ TEST(Platform, AboutNamesTheSystemAndTheCompilerOfThisBuild) {
 #elif defined(__GNUC__) && !defined(__clang__)
     EXPECT_EQ(rows.compiler, "GNU " + version(__GNUC__, __GNUC_MINOR__, __GNUC_PATCHLEVEL__));
 #endif
+    EXPECT_TRUE(std::regex_match(
+        rows.build_date, std::regex(R"([A-Z][a-z]{2} [0-3 ]\d 20\d\d [0-2]\d:[0-5]\d:\d\d)")));
+    std::smatch m;  // the tests share the library's flags, and one optimisation level at most
+    ASSERT_TRUE(std::regex_match(
+        rows.flags, m, std::regex("LTO (ON|OFF)  PGO (ON|OFF)  O2 (ON|OFF)  O3 (ON|OFF)")));
+#if defined(__OPTIMIZE__) && !defined(__OPTIMIZE_SIZE__)
+    EXPECT_NE(m[3] == "ON", m[4] == "ON") << rows.flags;
+#elif !defined(__OPTIMIZE__)
+    EXPECT_EQ(m[3].str() + m[4].str(), "OFFOFF") << rows.flags;
+#endif
+    EXPECT_EQ(rows.version + " " + rows.arch, "v0.1.0 x86_64 (64-bit)");
 }
 
 #ifdef _WIN32

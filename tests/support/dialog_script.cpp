@@ -139,11 +139,11 @@ Step Release(int x, int y) {
         s.Button(false, x, y);
     };
 }
-Step Click(int x, int y, Uint8 clicks) {
-    return [x, y, clicks](DialogScript& s) {
+Step Click(int x, int y, Uint8 clicks, Uint8 button) {
+    return [x, y, clicks, button](DialogScript& s) {
         s.Hover(x, y);
-        s.Button(true, x, y, SDL_BUTTON_LEFT, clicks);
-        s.Button(false, x, y, SDL_BUTTON_LEFT, clicks);
+        s.Button(true, x, y, button, clicks);
+        s.Button(false, x, y, button, clicks);
     };
 }
 Step Resize(int width, int height) {

@@ -72,7 +72,7 @@ DialogScript::Step Wheel(int notches);
 DialogScript::Step Hover(int x, int y);  // a move, the left button as it was
 DialogScript::Step Press(int x, int y);  // the left button pressed there and held
 DialogScript::Step Release(int x, int y);
-DialogScript::Step Click(int x, int y, Uint8 clicks = 1);
+DialogScript::Step Click(int x, int y, Uint8 clicks = 1, Uint8 button = SDL_BUTTON_LEFT);
 DialogScript::Step Resize(int width, int height);
 DialogScript::Step Quit();
 DialogScript::Step CloseWindow();
