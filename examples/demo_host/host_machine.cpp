@@ -3,6 +3,7 @@
 #include "host_machine.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <ctime>
 
@@ -31,22 +32,49 @@ void FillCells(Host& host, int column, int row, int width, int height, SDL_Color
     SDL_RenderFillRect(host.renderer, &rect);
 }
 
+void ForgetLine(ScreenLine& line) {
+    if (line.texture != nullptr) {
+        SDL_DestroyTexture(line.texture);
+    }
+    line = ScreenLine{};
+}
+
+void ForgetScreenLines(Host& host) {
+    for (auto& [cell, line] : host.screen_lines) {
+        ForgetLine(line);
+    }
+    host.screen_lines.clear();
+}
+
 // Solid rendering keeps the text to its one colour, as on a real text screen; the
 // frame then holds no more colours than the palette above.
-void Print(Host& host, int column, int row, std::string const& text, SDL_Color color) {
-    if (host.font == nullptr || text.empty()) {
-        return;
-    }
+void RasteriseLine(Host& host, ScreenLine& line, std::string const& text, SDL_Color color) {
+    ForgetLine(line);
+    line.text = text;
+    line.color = color;
     SDL_Surface* surface = TTF_RenderUTF8_Solid(host.font, text.c_str(), color);
     if (surface == nullptr) {
         return;
     }
-    if (SDL_Texture* texture = SDL_CreateTextureFromSurface(host.renderer, surface)) {
-        SDL_Rect const rect{column * kCellWidth, row * kCellHeight, surface->w, surface->h};
-        SDL_RenderCopy(host.renderer, texture, nullptr, &rect);
-        SDL_DestroyTexture(texture);
-    }
+    line.texture = SDL_CreateTextureFromSurface(host.renderer, surface);
+    line.width = surface->w;
+    line.height = surface->h;
     SDL_FreeSurface(surface);
+}
+
+void Print(Host& host, int column, int row, std::string const& text, SDL_Color color) {
+    if (host.font == nullptr || text.empty()) {
+        return;
+    }
+    ScreenLine& line = host.screen_lines[row * kColumns + column];
+    if (line.texture == nullptr || line.text != text || line.color.r != color.r ||
+        line.color.g != color.g || line.color.b != color.b) {
+        RasteriseLine(host, line, text, color);
+    }
+    if (line.texture != nullptr) {
+        SDL_Rect const rect{column * kCellWidth, row * kCellHeight, line.width, line.height};
+        SDL_RenderCopy(host.renderer, line.texture, nullptr, &rect);
+    }
 }
 
 std::string WallClock() {
@@ -126,6 +154,10 @@ TTF_Font* OpenFirstFont(std::string& path) {
 }  // namespace
 
 bool OpenHost(Host& host) {
+    // The screen is drawn in software; presenting it straight to the window system
+    // costs far less than going through an OpenGL texture, which on a machine
+    // without a GPU is itself drawn in software.
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     host.window =
         SDL_CreateWindow("Zorvane demo host", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
                          kColumns * kCellWidth, 25 * kCellHeight, SDL_WINDOW_SHOWN);
@@ -137,6 +169,7 @@ bool OpenHost(Host& host) {
 }
 
 void CloseHost(Host& host) {
+    ForgetScreenLines(host);
     if (host.font != nullptr) {
         TTF_CloseFont(host.font);
     }
@@ -154,6 +187,7 @@ bool UseHostFont(Host& host, std::string const& path) {
     if (font == nullptr) {
         return false;
     }
+    ForgetScreenLines(host);
     if (host.font != nullptr) {
         TTF_CloseFont(host.font);
     }
@@ -179,6 +213,13 @@ void RunMachine(Host& host) {
     }
     if (advanced) {
         DrawScreen(host);
+    }
+}
+
+void SleepUntilNextFrame(Host const& host) {
+    double const wait_ms = host.next_frame_ms - static_cast<double>(SDL_GetTicks64());
+    if (wait_ms > 0.0) {
+        SDL_Delay(static_cast<Uint32>(std::ceil(wait_ms)));
     }
 }
 

@@ -5,6 +5,7 @@
 #include <SDL.h>
 #include <SDL_ttf.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,11 +16,22 @@ namespace demo {
 
 namespace gui = zorvane::frontend::gui;
 
+// One text line of the screen as last drawn. The host keeps its texture while the
+// text and colour stay the same, so a frame rasterises only the lines that changed.
+struct ScreenLine {
+    std::string text;
+    SDL_Color color{0, 0, 0, 0};
+    SDL_Texture* texture = nullptr;
+    int width = 0;
+    int height = 0;
+};
+
 struct Host {
     SDL_Window* window = nullptr;
     SDL_Renderer* renderer = nullptr;
     TTF_Font* font = nullptr;
-    std::string font_path;  // the file of the screen's font
+    std::string font_path;                   // the file of the screen's font
+    std::map<int, ScreenLine> screen_lines;  // by the cell where each line starts
 
     // The machine: it runs frames at settings.fps and keeps its own clock.
     unsigned long long frames = 0;
@@ -49,6 +61,9 @@ bool UseHostFont(Host& host, std::string const& path);
 // Runs the frames that are due at settings.fps and redraws the screen when the
 // machine advanced. Called by the host's own loop and by the dialogs' heartbeat.
 void RunMachine(Host& host);
+
+// Sleeps until the machine's next frame is due; returns at once when it already is.
+void SleepUntilNextFrame(Host const& host);
 
 // Starts the machine over: frame counter and emulated clock go back to zero.
 void ResetMachine(Host& host);

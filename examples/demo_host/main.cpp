@@ -75,8 +75,9 @@ void OpenDialogForKey(Host& host, SDL_Keycode pressed) {
     }
 }
 
-// The host's own loop: the machine runs, each key of the list opens its dialog, and
-// the heartbeat keeps the machine running while that dialog is open.
+// The host's own loop: the machine runs at its frame rate, each key of the list
+// opens its dialog, and the heartbeat keeps the machine running while that dialog
+// is open. Between frames the host sleeps, so an idle host takes little of a core.
 void RunInteractive(Host& host) {
     gui::SetModalDialogHeartbeat([&host] { demo::RunMachine(host); });
     for (std::string const& line : host.key_lines) {
@@ -94,7 +95,7 @@ void RunInteractive(Host& host) {
             }
         }
         demo::RunMachine(host);
-        SDL_Delay(2);
+        demo::SleepUntilNextFrame(host);
     }
     gui::SetModalDialogHeartbeat(nullptr);
 }
