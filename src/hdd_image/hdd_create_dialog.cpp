@@ -2,7 +2,7 @@
 // run that feeds it events until the user creates or leaves.
 #include "hdd_image/hdd_create_dialog.h"
 
-#include "frame/form_dialog.h"
+#include "forms/form_dialog.h"
 #include "frame/look.h"
 #include "frame/modal_window.h"
 #include "frame/ui_fonts.h"

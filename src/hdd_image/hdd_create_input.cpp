@@ -2,7 +2,7 @@
 // and what keys, text and clicks do to the state.
 #include "hdd_image/hdd_create_dialog.h"
 
-#include "frame/form_dialog.h"
+#include "forms/form_dialog.h"
 #include "frame/hit_test.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 // that feeds it events until the user saves or leaves.
 #include "screenshot/screenshot_dialog.h"
 
-#include "frame/form_dialog.h"
+#include "forms/form_dialog.h"
 #include "frame/look.h"
 #include "frame/modal_window.h"
 #include "frame/ui_fonts.h"

@@ -2,7 +2,7 @@
 // do to the state, the nested folder picker and the commit.
 #include "screenshot/screenshot_dialog.h"
 
-#include "frame/form_dialog.h"
+#include "forms/form_dialog.h"
 #include "frame/look.h"
 
 #include <algorithm>
