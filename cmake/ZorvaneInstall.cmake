@@ -1,22 +1,12 @@
 # Install rules of the dialog library: the library, its public headers, a CMake
-# package giving zorvane::sdl_ui, and a pkg-config file. Only the library and what it
-# needs are installed; tests, benchmarks and the demo host have no install rules.
+# package giving zorvane::sdl_ui, and a pkg-config file. The sibling stand-ins are
+# inside the library; tests, benchmarks and the demo host have no install rules.
 
 include(CMakePackageConfigHelpers)
 
 set(ZORVANE_SDL_UI_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/zorvane_sdl_ui")
 
-# A static archive keeps its private dependencies unresolved, so the two sibling
-# archives are installed and exported beside it; a shared library has them linked in.
-get_target_property(zorvane_sdl_ui_type zorvane_sdl_ui TYPE)
-set(zorvane_install_targets zorvane_sdl_ui)
-set(zorvane_pc_extra_libs "")
-if(zorvane_sdl_ui_type STREQUAL "STATIC_LIBRARY")
-    list(APPEND zorvane_install_targets zorvane_utils zorvane_opengl)
-    set(zorvane_pc_extra_libs " -lzorvane_opengl -lzorvane_utils")
-endif()
-
-install(TARGETS ${zorvane_install_targets}
+install(TARGETS zorvane_sdl_ui
     EXPORT zorvane_sdl_ui_targets
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
@@ -43,9 +33,7 @@ install(FILES
     DESTINATION "${ZORVANE_SDL_UI_CMAKE_DIR}")
 
 # The pkg-config file finds its prefix from its own place, so the installed tree can
-# be moved and `cmake --install --prefix` works whatever prefix was configured. The
-# sibling archives go in Libs, not Libs.private: a host that links the static library
-# needs them even when it takes SDL itself as a shared library.
+# be moved and `cmake --install --prefix` works whatever prefix was configured.
 file(RELATIVE_PATH zorvane_pc_up "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 string(REGEX REPLACE "/$" "" zorvane_pc_up "${zorvane_pc_up}")
 foreach(dir LIBDIR INCLUDEDIR)

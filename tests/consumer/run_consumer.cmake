@@ -1,7 +1,8 @@
 # Installs the library of this build tree into a fresh prefix, builds the other kind
 # (static or shared) of the library alone on the side and installs it too, then
-# builds and runs the host in app/ against each prefix, and once more from
-# pkg-config's flags alone against the static prefix.
+# builds and runs the host in app/ against each prefix, once more from pkg-config's
+# flags alone against the static prefix, and once with the library's source tree
+# added to the host's own build, where only SDL2 and SDL2_ttf may be looked for.
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc)
     if(NOT rc EQUAL 0)
@@ -24,7 +25,7 @@ function(install_and_run_host build kind)
     run("${CMAKE_COMMAND}" --install "${build}" --prefix "${prefix}" --config "${CONFIG}")
     file(GLOB_RECURSE installed RELATIVE "${prefix}" "${prefix}/*")
     foreach(file IN LISTS installed)
-        if(NOT file MATCHES "^(${LIBDIR}/((cmake/zorvane_sdl_ui|pkgconfig)/)?|${INCLUDEDIR}/gui/)[^/]+$"
+        if(NOT file MATCHES "^(${LIBDIR}/(libzorvane_sdl_ui[.]|(cmake/zorvane_sdl_ui|pkgconfig)/)|${INCLUDEDIR}/gui/)[^/]+$"
            AND NOT file MATCHES "^bin/[^/]+[.]dll$")
             message(FATAL_ERROR "installed beyond the library: ${file}")
         endif()
@@ -67,3 +68,12 @@ if(PKG_CONFIG)
     run("${CXX_COMPILER}" -std=c++17 "${HOST_DIR}/main.cpp" ${flags} -o "${WORK_DIR}/host-pc")
     run("${WORK_DIR}/host-pc")
 endif()
+
+set(embedded "${WORK_DIR}/host-embedded")
+run("${CMAKE_COMMAND}" -S "${HOST_DIR}" -B "${embedded}" --no-warn-unused-cli "-DEMBED=${SOURCE_DIR}"
+    "-DCMAKE_C_COMPILER=${C_COMPILER}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}" ${toolchain}
+    -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON -DCMAKE_DISABLE_FIND_PACKAGE_benchmark=ON
+    -DCMAKE_DISABLE_FIND_PACKAGE_X11=ON -DCMAKE_DISABLE_FIND_PACKAGE_SDL2_image=ON
+    -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON)
+run("${CMAKE_COMMAND}" --build "${embedded}" --parallel 2)
+run(${EMULATOR} "${embedded}/app${EXE_SUFFIX}")
