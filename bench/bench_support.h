@@ -44,12 +44,13 @@ bool StartSdlVideo();
 // Closes the dialogs' cached fonts, then stops SDL.
 void StopSdlVideo();
 
-// Time per iteration in nanoseconds, by benchmark name.
+// CPU time per iteration in nanoseconds, by benchmark name.
 using NsPerIteration = std::map<std::string, double>;
 
-// Hands `argc` and `argv` to Google Benchmark, runs the registered benchmarks with
-// the console reporter and returns what each one measured.
-NsPerIteration RunRecordedBenchmarks(int* argc, char** argv);
+// Hands `argc` and `argv` to Google Benchmark, runs the registered benchmarks,
+// printed as by the console reporter unless `print` is false, and returns what each
+// one measured: with repetitions, the least of them.
+NsPerIteration RunRecordedBenchmarks(int* argc, char** argv, bool print = true);
 
 // `times[name] / times[floor]`, or a negative value when either is missing.
 double RatioOf(NsPerIteration const& times, std::string const& name, std::string const& floor);

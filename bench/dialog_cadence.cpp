@@ -1,15 +1,22 @@
 // Heartbeat timing and CPU accounting of an open dialog, from steady_clock stamps and
-// getrusage of the whole process.
+// getrusage of the whole process, and of a host program, from /proc.
 #include "dialog_cadence.h"
 
 #include "gui/frame.h"
 
 #include <SDL.h>
+#include <fcntl.h>
+#include <signal.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <fstream>
+#include <sstream>
+#include <thread>
 
 namespace zbench {
 
@@ -89,7 +96,64 @@ private:
     double start_cpu_ = 0.0;
 };
 
+// User and system time of the running process `pid` so far, in seconds, from fields
+// 14 and 15 of its stat line; negative when it has ended.
+double ChildCpuSeconds(pid_t pid) {
+    int status = 0;
+    if (waitpid(pid, &status, WNOHANG) != 0) {
+        return -1.0;
+    }
+    std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
+    std::string line;
+    std::getline(stat, line);
+    std::size_t const name_end = line.rfind(')');
+    if (name_end == std::string::npos) {
+        return -1.0;
+    }
+    std::istringstream fields(line.substr(name_end + 1));
+    std::string skipped;
+    for (int field = 3; field <= 13; ++field) {
+        fields >> skipped;
+    }
+    double user_ticks = 0.0;
+    double system_ticks = 0.0;
+    fields >> user_ticks >> system_ticks;
+    return (user_ticks + system_ticks) / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
+void SleepSeconds(double seconds) {
+    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+}
+
 }  // namespace
+
+double ProgramIdleCpuShare(std::string const& program, double settle_seconds, double seconds) {
+    pid_t const child = fork();
+    if (child == 0) {
+        unsetenv("SDL_VIDEODRIVER");
+        int const quiet = open("/dev/null", O_WRONLY);
+        dup2(quiet, STDOUT_FILENO);
+        dup2(quiet, STDERR_FILENO);
+        execl(program.c_str(), program.c_str(), static_cast<char*>(nullptr));
+        _exit(127);
+    }
+    if (child < 0) {
+        return -1.0;
+    }
+    SleepSeconds(settle_seconds);
+    double const cpu_before = ChildCpuSeconds(child);
+    Clock::time_point const start = Clock::now();
+    SleepSeconds(seconds);
+    double const cpu_after = ChildCpuSeconds(child);
+    double const wall = Seconds(Clock::now() - start);
+    if (cpu_after < 0.0) {
+        return -1.0;  // ended, and already waited for
+    }
+    kill(child, SIGTERM);
+    int status = 0;
+    waitpid(child, &status, 0);
+    return cpu_before < 0.0 ? -1.0 : (cpu_after - cpu_before) / wall;
+}
 
 IdleDialogRun RunIdleDialog(std::function<void()> const& show, IdleStretch const& stretch) {
     using zorvane::frontend::gui::SetModalDialogHeartbeat;

@@ -1,8 +1,9 @@
 // The timed run of an open dialog: the heartbeat's cadence and the share of one core
-// that the dialog takes while it sits idle.
+// that the dialog takes while it sits idle; and the same share for a host program.
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace zbench {
@@ -28,6 +29,12 @@ struct IdleDialogRun {
 // times every beat, and ends the dialog through SDL_QUIT after the stretch. No other
 // event is pushed. The heartbeat is cleared again before this returns.
 IdleDialogRun RunIdleDialog(std::function<void()> const& show, IdleStretch const& stretch);
+
+// Starts `program` without arguments on the display that DISPLAY names, lets it
+// settle for `settle_seconds`, and returns the share of one core that it takes over
+// the next `seconds`, from its user and system time; then ends it with SIGTERM.
+// Negative when it could not be started or ended early.
+double ProgramIdleCpuShare(std::string const& program, double settle_seconds, double seconds);
 
 // The value below which `fraction` of `values` lie (nearest rank); 0 when empty.
 double Percentile(std::vector<double> values, double fraction);

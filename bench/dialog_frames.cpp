@@ -1,6 +1,6 @@
-// The frame benchmarks of the dialog report: what each dialog's loop draws in one
-// idle turn (no pointer over it), fonts and present included, with the layout work
-// that the loop repeats every turn.
+// The frames of the dialog report: what each dialog's loop draws in one idle turn (no
+// pointer over it), fonts and present included, with the layout work that the loop
+// repeats every turn.
 #include "dialog_frames.h"
 
 #include "about/about_dialog.h"
@@ -13,8 +13,7 @@
 #include "screenshot/screenshot_dialog.h"
 #include "shader_params/shader_dialog.h"
 
-#include <functional>
-#include <set>
+#include <memory>
 #include <utility>
 
 namespace zbench {
@@ -24,14 +23,10 @@ using namespace zorvane::frontend::gui;
 
 namespace {
 
-// One dialog's frame benchmark and the window size that its floor takes.
-struct FrameBench {
-    std::string dialog;
-    std::string name;
-    int width = 0;
-    int height = 0;
-    std::function<void(benchmark::State&)> run;
-};
+template <typename T>
+std::shared_ptr<T const> Keep(T value) {
+    return std::make_shared<T const>(std::move(value));
+}
 
 // [SECTION] Message box
 
@@ -43,20 +38,20 @@ int MessageBoxHeight() {
         .window_height;
 }
 
-void MessageBoxFrames(benchmark::State& state, int height) {
-    SoftwareWindow window(kReportMessageBoxWidth, height);
-    SdlMessageBox const box(ReportMessageBoxConfig());
-    SdlMessageBoxFonts const fonts = OpenSdlMessageBoxFonts(1.0f);
-    MessageBoxTypeVisual const visual = VisualForMessageBoxType(box.config().type);
-    for (auto _ : state) {
+FrameDrawing OpenMessageBoxFrame(int height) {
+    auto const window = std::make_shared<SoftwareWindow>(kReportMessageBoxWidth, height);
+    auto const box = std::make_shared<SdlMessageBox const>(ReportMessageBoxConfig());
+    auto const fonts = Keep(OpenSdlMessageBoxFonts(1.0f));
+    MessageBoxTypeVisual const visual = VisualForMessageBoxType(box->config().type);
+    return [window, box, fonts, visual, height] {
         SdlMessageBoxLayout const layout =
-            BuildSdlMessageBoxLayout(box.config(), 1.0f, kReportMessageBoxWidth, height,
-                                     fonts.title.get(), fonts.message.get());
-        RenderSdlMessageBoxFrame(window.renderer(), box.config(), visual, layout, fonts.icon.get(),
-                                 fonts.title.get(), fonts.message.get(), fonts.button.get(), -1,
-                                 -1);
-        SDL_RenderPresent(window.renderer());
-    }
+            BuildSdlMessageBoxLayout(box->config(), 1.0f, kReportMessageBoxWidth, height,
+                                     fonts->title.get(), fonts->message.get());
+        RenderSdlMessageBoxFrame(window->renderer(), box->config(), visual, layout,
+                                 fonts->icon.get(), fonts->title.get(), fonts->message.get(),
+                                 fonts->button.get(), -1, -1);
+        SDL_RenderPresent(window->renderer());
+    };
 }
 
 // [SECTION] Pickers
@@ -97,31 +92,33 @@ SdlPickerDialogOptions FolderPickerOptions(fs::path const& folder) {
     return options;
 }
 
-void PickerFrames(benchmark::State& state, SdlPickerDialogOptions const& options) {
-    SoftwareWindow window(options.window_width, options.window_height);
-    PickerDialogState picker;
-    ChangePickerDirectory(options, picker, options.start_directory);
-    for (auto _ : state) {
+FrameDrawing OpenPickerFrame(SdlPickerDialogOptions const& options) {
+    auto const window =
+        std::make_shared<SoftwareWindow>(options.window_width, options.window_height);
+    auto const picker = std::make_shared<PickerDialogState>();
+    ChangePickerDirectory(options, *picker, options.start_directory);
+    return [window, picker, options] {
         PickerDialogLayout const layout =
             BuildPickerDialogLayout(options, options.window_width, options.window_height);
-        ClampPickerScroll(picker, layout);
-        RenderPickerDialogFrame(window.renderer(), options, picker, layout);
-        SDL_RenderPresent(window.renderer());
-    }
+        ClampPickerScroll(*picker, layout);
+        RenderPickerDialogFrame(window->renderer(), options, *picker, layout);
+        SDL_RenderPresent(window->renderer());
+    };
 }
 
 // [SECTION] Settings
 
-void SettingsFrames(benchmark::State& state) {
-    SoftwareWindow window(820, 492);
-    SdlUiFontHandle const title = OpenSdlUiFontHandle(15, true, kSemiBold);
-    SdlUiFontHandle const body = OpenSdlUiFontHandle(15, false, kSemiBold);
-    std::vector<NavItem> const items = BuildSettingsNavItems();
-    SettingsDialogValues const values = ReportSettingsValues();
-    int const panel = FindInitialSettingsPanel(items);
-    for (auto _ : state) {
-        DrawSettingsFrame(window.renderer(), title.get(), body.get(), items, values, panel, -1, -1);
-    }
+FrameDrawing OpenSettingsFrame() {
+    auto const window = std::make_shared<SoftwareWindow>(820, 492);
+    auto const title = Keep(OpenSdlUiFontHandle(15, true, kSemiBold));
+    auto const body = Keep(OpenSdlUiFontHandle(15, false, kSemiBold));
+    auto const items = Keep(BuildSettingsNavItems());
+    auto const values = Keep(ReportSettingsValues());
+    int const panel = FindInitialSettingsPanel(*items);
+    return [window, title, body, items, values, panel] {
+        DrawSettingsFrame(window->renderer(), title->get(), body->get(), *items, *values, panel, -1,
+                          -1);
+    };
 }
 
 // [SECTION] Shader parameters
@@ -148,58 +145,77 @@ ShaderDialogSession ShaderSession(SDL_Window* window, SDL_Renderer* renderer, TT
 
 namespace {
 
-ShaderDialogGeometry ShaderGeometry(std::string const& shader_path) {
-    auto const count = static_cast<int>(ParseShaderParameterSpecs(shader_path).size());
-    return BuildShaderDialogGeometry(count, 1.0f);
-}
+// What a shader dialog frame keeps: the session points into it.
+struct ShaderFrameParts {
+    explicit ShaderFrameParts(std::string shader_path)
+        : path(std::move(shader_path)),
+          specs(ParseShaderParameterSpecs(path)),
+          geometry(BuildShaderDialogGeometry(static_cast<int>(specs.size()), 1.0f)),
+          result(InitializeShaderDialogResult(specs, {})),
+          window(geometry.window_width, geometry.window_height),
+          title_font(OpenSdlUiFontHandle(16, true, kSemiBold)),
+          body_font(OpenSdlUiFontHandle(15, false, kRegular)),
+          session(ShaderSession(window.window(), window.renderer(), title_font.get(),
+                                body_font.get(), path, specs, geometry, result)) {}
 
-void ShaderFrames(benchmark::State& state, std::string const& shader_path) {
-    std::vector<ShaderParameterSpec> const specs = ParseShaderParameterSpecs(shader_path);
-    ShaderDialogResult result = InitializeShaderDialogResult(specs, {});
-    ShaderDialogGeometry const geometry = ShaderGeometry(shader_path);
-    int const width = geometry.window_width;
-    int const height = geometry.window_height;
-    SoftwareWindow window(width, height);
-    SdlUiFontHandle const title_font = OpenSdlUiFontHandle(16, true, kSemiBold);
-    SdlUiFontHandle const body_font = OpenSdlUiFontHandle(15, false, kRegular);
-    ShaderDialogSession session =
-        ShaderSession(window.window(), window.renderer(), title_font.get(), body_font.get(),
-                      shader_path, specs, geometry, result);
-    for (auto _ : state) {
-        RenderShaderDialog(&session, BuildShaderDialogLayout(session, width, height), width,
-                           height);
-    }
+    std::string path;
+    std::vector<ShaderParameterSpec> specs;
+    ShaderDialogGeometry geometry;
+    ShaderDialogResult result;
+    SoftwareWindow window;
+    SdlUiFontHandle title_font;
+    SdlUiFontHandle body_font;
+    ShaderDialogSession session;
+};
+
+FrameDrawing OpenShaderFrame(std::string const& shader_path) {
+    auto const parts = std::make_shared<ShaderFrameParts>(shader_path);
+    return [parts] {
+        int const width = parts->geometry.window_width;
+        int const height = parts->geometry.window_height;
+        RenderShaderDialog(&parts->session, BuildShaderDialogLayout(parts->session, width, height),
+                           width, height);
+    };
 }
 
 // [SECTION] Screenshot and disk image forms
 
-void ScreenshotFrames(benchmark::State& state, std::string const& folder) {
-    SoftwareWindow window(900, 410);
-    std::string const file_name = "capture.png";
-    std::string const jpeg_quality = "90";
-    std::string const png_compression = "2";
-    ScreenshotSaveDialogSession session;
-    session.renderer = window.renderer();
-    session.folder = &folder;
-    session.file_name = &file_name;
-    session.jpeg_quality_text = &jpeg_quality;
-    session.png_compression_text = &png_compression;
-    for (auto _ : state) {
-        RenderScreenshotSaveDialog(session, BuildScreenshotSaveDialogLayout(900, 410));
-        SDL_RenderPresent(window.renderer());
+// What a screenshot form frame keeps: the session points into it.
+struct ScreenshotFrameParts {
+    explicit ScreenshotFrameParts(std::string folder_text) : folder(std::move(folder_text)) {
+        session.renderer = window.renderer();
+        session.folder = &folder;
+        session.file_name = &file_name;
+        session.jpeg_quality_text = &jpeg_quality;
+        session.png_compression_text = &png_compression;
     }
+
+    SoftwareWindow window{900, 410};
+    std::string folder;
+    std::string file_name = "capture.png";
+    std::string jpeg_quality = "90";
+    std::string png_compression = "2";
+    ScreenshotSaveDialogSession session;
+};
+
+FrameDrawing OpenScreenshotFrame(std::string const& folder) {
+    auto const parts = std::make_shared<ScreenshotFrameParts>(folder);
+    return [parts] {
+        RenderScreenshotSaveDialog(parts->session, BuildScreenshotSaveDialogLayout(900, 410));
+        SDL_RenderPresent(parts->window.renderer());
+    };
 }
 
-void DiskImageFrames(benchmark::State& state, std::string const& folder) {
-    SoftwareWindow window(860, 390);
-    HddCreateDialogState form;
-    form.size_text = "10";
-    form.folder_text = folder;
-    form.file_name_text = "disk.img";
-    for (auto _ : state) {
-        RenderHddCreateDialog(window.renderer(), form);
-        SDL_RenderPresent(window.renderer());
-    }
+FrameDrawing OpenDiskImageFrame(std::string const& folder) {
+    auto const window = std::make_shared<SoftwareWindow>(860, 390);
+    auto form = std::make_shared<HddCreateDialogState>();
+    form->size_text = "10";
+    form->folder_text = folder;
+    form->file_name_text = "disk.img";
+    return [window, form] {
+        RenderHddCreateDialog(window->renderer(), *form);
+        SDL_RenderPresent(window->renderer());
+    };
 }
 
 // [SECTION] About
@@ -209,68 +225,42 @@ int AboutHeight() {
     return AboutDialogWindowHeight(BuildAboutDialogMetrics(fonts, kAboutDialogScale));
 }
 
-void AboutFrames(benchmark::State& state) {
-    AboutDialogFonts const fonts = OpenAboutDialogFonts(kAboutDialogScale);
-    AboutDialogMetrics const m = BuildAboutDialogMetrics(fonts, kAboutDialogScale);
-    AboutDialogInfoRows const rows = BuildAboutDialogInfoRows();
-    int const height = AboutDialogWindowHeight(m);
-    SoftwareWindow window(kAboutDialogWidth, height);
-    // The rectangles that the dialog's run keeps: outer frame, content, footer.
-    int const margin = m.outer_margin;
-    int const inner_width = kAboutDialogWidth - 2 - 2 * margin;
-    SDL_Rect const outer{margin, margin, kAboutDialogWidth - 2 * margin, height - 2 * margin};
-    SDL_Rect const content{margin + 1, margin + 1, inner_width,
-                           height - 2 * margin - m.footer_height - 1};
-    SDL_Rect const footer{margin + 1, height - margin - m.footer_height, inner_width,
-                          m.footer_height - 1};
-    SDL_Rect video{0, 0, 0, 0};
-    SDL_Rect home{0, 0, 0, 0};
-    for (auto _ : state) {
-        RenderAboutDialogFrame(window.renderer(), outer, content, footer, fonts, m, rows, -1, -1,
-                               &video, &home);
-        SDL_RenderPresent(window.renderer());
+// What an About frame keeps, with the rectangles that the dialog's run keeps: outer
+// frame, content and footer.
+struct AboutFrameParts {
+    AboutFrameParts()
+        : fonts(OpenAboutDialogFonts(kAboutDialogScale)),
+          m(BuildAboutDialogMetrics(fonts, kAboutDialogScale)),
+          rows(BuildAboutDialogInfoRows()),
+          height(AboutDialogWindowHeight(m)),
+          window(kAboutDialogWidth, height) {
+        int const margin = m.outer_margin;
+        int const inner_width = kAboutDialogWidth - 2 - 2 * margin;
+        outer = {margin, margin, kAboutDialogWidth - 2 * margin, height - 2 * margin};
+        content = {margin + 1, margin + 1, inner_width, height - 2 * margin - m.footer_height - 1};
+        footer = {margin + 1, height - margin - m.footer_height, inner_width, m.footer_height - 1};
     }
-}
 
-// [SECTION] Registration
+    AboutDialogFonts fonts;
+    AboutDialogMetrics m;
+    AboutDialogInfoRows rows;
+    int height = 0;
+    SoftwareWindow window;
+    SDL_Rect outer{0, 0, 0, 0};
+    SDL_Rect content{0, 0, 0, 0};
+    SDL_Rect footer{0, 0, 0, 0};
+};
 
-std::vector<FrameBench> DialogFrameBenches(ReportFolder const& folder) {
-    std::string const folder_text = folder.path().string();
-    std::string const shader_path = folder.ShaderPath();
-    int const box_height = MessageBoxHeight();
-    ShaderDialogGeometry const shader = ShaderGeometry(shader_path);
-    SdlPickerDialogOptions const files = FilePickerOptions(folder.path());
-    SdlPickerDialogOptions const folders = FolderPickerOptions(folder.path());
-    return {
-        {"message box", "BM_MessageBoxFrame", kReportMessageBoxWidth, box_height,
-         [box_height](benchmark::State& s) { MessageBoxFrames(s, box_height); }},
-        {"folder picker", "BM_FolderPickerFrame", 780, 540,
-         [folders](benchmark::State& s) { PickerFrames(s, folders); }},
-        {"file picker", "BM_FilePickerFrame", 760, 520,
-         [files](benchmark::State& s) { PickerFrames(s, files); }},
-        {"settings", "BM_SettingsFrame", 820, 492, SettingsFrames},
-        {"shader parameters", "BM_ShaderDialogFrame", shader.window_width, shader.window_height,
-         [shader_path](benchmark::State& s) { ShaderFrames(s, shader_path); }},
-        {"screenshot", "BM_ScreenshotFrame", 900, 410,
-         [folder_text](benchmark::State& s) { ScreenshotFrames(s, folder_text); }},
-        {"disk image", "BM_DiskImageFrame", 860, 390,
-         [folder_text](benchmark::State& s) { DiskImageFrames(s, folder_text); }},
-        {"About", "BM_AboutFrame", kAboutDialogWidth, AboutHeight(), AboutFrames},
+FrameDrawing OpenAboutFrame() {
+    auto const parts = std::make_shared<AboutFrameParts>();
+    return [parts] {
+        SDL_Rect video{0, 0, 0, 0};
+        SDL_Rect home{0, 0, 0, 0};
+        RenderAboutDialogFrame(parts->window.renderer(), parts->outer, parts->content,
+                               parts->footer, parts->fonts, parts->m, parts->rows, -1, -1, &video,
+                               &home);
+        SDL_RenderPresent(parts->window.renderer());
     };
-}
-
-std::string FloorName(int width, int height) {
-    return "BM_ClearPresentFloor/" + std::to_string(width) + "x" + std::to_string(height);
-}
-
-void RegisterFloor(int width, int height) {
-    benchmark::RegisterBenchmark(FloorName(width, height).c_str(),
-                                 [width, height](benchmark::State& state) {
-                                     SoftwareWindow window(width, height);
-                                     for (auto _ : state) {
-                                         ClearAndPresent(window.renderer());
-                                     }
-                                 });
 }
 
 }  // namespace
@@ -296,17 +286,28 @@ void DrawSettingsFrame(SDL_Renderer* renderer, TTF_Font* title_font, TTF_Font* b
     SDL_RenderPresent(renderer);
 }
 
-std::map<std::string, FrameCase> RegisterDialogFrameBenchmarks(ReportFolder const& folder) {
-    std::map<std::string, FrameCase> cases;
-    std::set<std::pair<int, int>> floors;
-    for (FrameBench& bench : DialogFrameBenches(folder)) {
-        if (floors.insert({bench.width, bench.height}).second) {
-            RegisterFloor(bench.width, bench.height);
-        }
-        benchmark::RegisterBenchmark(bench.name.c_str(), std::move(bench.run));
-        cases[bench.dialog] = {bench.name, FloorName(bench.width, bench.height)};
-    }
-    return cases;
+std::vector<DialogFrame> DialogFrames(ReportFolder const& folder) {
+    std::string const folder_text = folder.path().string();
+    std::string const shader_path = folder.ShaderPath();
+    int const box_height = MessageBoxHeight();
+    auto const shader_specs = static_cast<int>(ParseShaderParameterSpecs(shader_path).size());
+    ShaderDialogGeometry const shader = BuildShaderDialogGeometry(shader_specs, 1.0f);
+    SdlPickerDialogOptions const files = FilePickerOptions(folder.path());
+    SdlPickerDialogOptions const folders = FolderPickerOptions(folder.path());
+    return {
+        {"message box", "MessageBox", kReportMessageBoxWidth, box_height,
+         [box_height] { return OpenMessageBoxFrame(box_height); }},
+        {"folder picker", "FolderPicker", 780, 540, [folders] { return OpenPickerFrame(folders); }},
+        {"file picker", "FilePicker", 760, 520, [files] { return OpenPickerFrame(files); }},
+        {"settings", "Settings", 820, 492, OpenSettingsFrame},
+        {"shader parameters", "ShaderDialog", shader.window_width, shader.window_height,
+         [shader_path] { return OpenShaderFrame(shader_path); }},
+        {"screenshot", "Screenshot", 900, 410,
+         [folder_text] { return OpenScreenshotFrame(folder_text); }},
+        {"disk image", "DiskImage", 860, 390,
+         [folder_text] { return OpenDiskImageFrame(folder_text); }},
+        {"About", "About", kAboutDialogWidth, AboutHeight(), OpenAboutFrame},
+    };
 }
 
 }  // namespace zbench

@@ -1,5 +1,5 @@
 // One frame of each dialog as its loop draws it, on a software window of the dialog's
-// own size, registered beside a floor of a clear and present at the same size.
+// own size.
 #pragma once
 
 #include "dialog_inputs.h"
@@ -9,7 +9,7 @@
 #include <SDL.h>
 #include <SDL_ttf.h>
 
-#include <map>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -30,14 +30,21 @@ zorvane::frontend::gui::ShaderDialogSession ShaderSession(
     zorvane::frontend::gui::ShaderDialogGeometry const& geometry,
     zorvane::frontend::gui::ShaderDialogResult& result);
 
-// The benchmark of one dialog's frame and the floor that it is read against.
-struct FrameCase {
-    std::string frame;
-    std::string floor;
+// Draws and presents one idle frame of a dialog; owns the window and all it needs.
+using FrameDrawing = std::function<void()>;
+
+// One dialog's idle frame: the report's row, the stem of its benchmark names, the
+// window size, and what opens the window and returns the drawing of one frame.
+struct DialogFrame {
+    std::string dialog;
+    std::string stem;
+    int width = 0;
+    int height = 0;
+    std::function<FrameDrawing()> open;
 };
 
-// Registers every dialog's frame benchmark and the floors that they need, and returns
-// their names by dialog. Needs SDL video running, since some sizes come from fonts.
-std::map<std::string, FrameCase> RegisterDialogFrameBenchmarks(ReportFolder const& folder);
+// Every exported dialog's frame, in the report's order. Needs SDL video running,
+// since some sizes come from fonts.
+std::vector<DialogFrame> DialogFrames(ReportFolder const& folder);
 
 }  // namespace zbench

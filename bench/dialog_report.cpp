@@ -1,11 +1,15 @@
-// A report of every exported dialog on the dummy video driver: one frame's cost on
-// the software renderer against a clear and present of a window of the same size,
-// the heartbeat's cadence while the dialog is open, and the share of one core that
-// the open dialog takes while idle. --quick makes it a short smoke run.
+// A report of every exported dialog on the dummy video driver. For one idle frame on
+// the software renderer: its time; the time of the same frame's SDL and SDL_ttf calls
+// replayed alone on a window of the same size, the floor that the drawing itself
+// needs; a clear and present of that window; and the part spent making text. Then
+// the heartbeat's cadence and the idle CPU share of each open dialog, and of the demo
+// host when --demo-host names it. --instructions counts the frames' instructions
+// under callgrind instead; --quick makes a short smoke run.
 #include "bench_support.h"
 #include "dialog_cadence.h"
 #include "dialog_frames.h"
 #include "dialog_inputs.h"
+#include "frame_replay.h"
 #include "gui/about.h"
 #include "gui/frame.h"
 #include "gui/hdd_image.h"
@@ -14,15 +18,20 @@
 #include "gui/screenshot.h"
 #include "gui/settings.h"
 #include "gui/shader_params.h"
+#include "instruction_counts.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
-#include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
+// In namespace zbench, so that the instruction counts tell this program's functions
+// from the library's.
+namespace zbench {
 namespace {
 
 using namespace zorvane::frontend::gui;
@@ -58,14 +67,19 @@ std::vector<ReportDialog> ReportDialogs(zbench::ReportFolder const& folder) {
     };
 }
 
-// Removes `flag` from the arguments; true when it was there.
-bool TakeFlag(int* argc, char** argv, char const* flag) {
+// Removes `flag` from the arguments; true when it was there. With `value`, the
+// argument after it is taken too and stored there.
+bool TakeFlag(int* argc, char** argv, char const* flag, std::string* value = nullptr) {
     for (int i = 1; i < *argc; ++i) {
-        if (std::strcmp(argv[i], flag) == 0) {
-            for (int j = i; j + 1 < *argc; ++j) {
-                argv[j] = argv[j + 1];
+        int const taken = value != nullptr ? 2 : 1;
+        if (std::strcmp(argv[i], flag) == 0 && i + taken <= *argc) {
+            if (value != nullptr) {
+                *value = argv[i + 1];
             }
-            --*argc;
+            for (int j = i; j + taken < *argc; ++j) {
+                argv[j] = argv[j + taken];
+            }
+            *argc -= taken;
             return true;
         }
     }
@@ -76,16 +90,6 @@ double LoadAverage() {
     double load = -1.0;
     getloadavg(&load, 1);
     return load;
-}
-
-void PrintHeader(double load_before, bool quick) {
-    std::printf("\nDialog report (software renderer, dummy video driver; 1-minute load %.2f)\n",
-                load_before);
-    if (quick) {
-        std::printf("--quick: runs too short to compare; cold glyph caches weigh on the frames\n");
-    }
-    std::printf("%-18s %9s %8s   %-34s %6s\n", "dialog", "frame ms", "x floor",
-                "heartbeat interval median / p99", "CPU");
 }
 
 // `value` in a column of `width` with `decimals`, or "-" when it was not measured.
@@ -99,17 +103,137 @@ std::string Cell(double value, int width, int decimals) {
     return text;
 }
 
-void PrintRow(ReportDialog const& dialog, zbench::NsPerIteration const& times,
-              zbench::FrameCase const& frame, zbench::IdleDialogRun const& run) {
-    auto const found = times.find(frame.frame);
-    double const frame_ms = found != times.end() ? found->second * 1e-6 : -1.0;
-    double const ratio = zbench::RatioOf(times, frame.frame, frame.floor);
+// [SECTION] Recording and replay
+
+// Opens the dialog's frame and draws two, so that the font and glyph caches are as
+// warm as in an open dialog, then records the third.
+zbench::RecordedFrame RecordIdleFrame(zbench::DialogFrame const& dialog) {
+    zbench::FrameDrawing const draw = dialog.open();
+    draw();
+    draw();
+    zbench::StartRecording();
+    draw();
+    return zbench::StopRecording();
+}
+
+// A dialog's recorded idle frame, replayed on a software window of its own.
+struct Replay {
+    explicit Replay(zbench::DialogFrame const& dialog)
+        : window(dialog.width, dialog.height), calls(RecordIdleFrame(dialog), window.renderer()) {
+        calls.Run();  // its own fonts' glyph caches warm, as the recorded frame's were
+        calls.Run();
+    }
+
+    zbench::SoftwareWindow window;
+    zbench::FrameReplay calls;
+};
+
+// Notes a recording that met objects made before it, whose calls the replay lacks,
+// and a replay that does not make the recorded calls again, recorded in its turn.
+bool CheckRecording(DialogFrame const& dialog) {
+    Replay replay(dialog);
+    StartRecording();
+    replay.calls.Run();
+    RecordedFrame const again = StopRecording();
+    RecordedFrame const& frame = replay.calls.frame();
+    if (frame.skipped > 0) {
+        std::printf("  %s: %d call(s) on objects made before the frame, not replayed\n",
+                    dialog.dialog.c_str(), frame.skipped);
+    }
+    if (!SameCalls(frame, again)) {
+        std::printf("  %s: the replay's %zu calls differ from the frame's %zu\n",
+                    dialog.dialog.c_str(), again.calls.size(), frame.calls.size());
+    }
+    return frame.skipped == 0 && SameCalls(frame, again);
+}
+
+// [SECTION] Timed frames
+
+// The benchmarks of one dialog: its frame, the replay, the text alone, and the floor.
+struct FrameNames {
+    std::string frame;
+    std::string replay;
+    std::string text;
+    std::string floor;
+};
+
+FrameNames NamesOf(zbench::DialogFrame const& dialog) {
+    std::string const stem = "BM_" + dialog.stem;
+    return {stem + "Frame", stem + "Replay", stem + "Text",
+            "BM_ClearPresentFloor/" + std::to_string(dialog.width) + "x" +
+                std::to_string(dialog.height)};
+}
+
+void RegisterFrameBenchmarks(std::vector<zbench::DialogFrame> const& dialogs) {
+    std::set<std::string> floors;
+    for (zbench::DialogFrame const& dialog : dialogs) {
+        FrameNames const names = NamesOf(dialog);
+        if (floors.insert(names.floor).second) {
+            benchmark::RegisterBenchmark(names.floor.c_str(), [dialog](benchmark::State& state) {
+                zbench::SoftwareWindow window(dialog.width, dialog.height);
+                for (auto _ : state) {
+                    zbench::ClearAndPresent(window.renderer());
+                }
+            });
+        }
+        benchmark::RegisterBenchmark(names.frame.c_str(), [dialog](benchmark::State& state) {
+            zbench::FrameDrawing const draw = dialog.open();
+            for (auto _ : state) {
+                draw();
+            }
+        });
+        benchmark::RegisterBenchmark(names.replay.c_str(), [dialog](benchmark::State& state) {
+            Replay replay(dialog);
+            for (auto _ : state) {
+                replay.calls.Run();
+            }
+        });
+        benchmark::RegisterBenchmark(names.text.c_str(), [dialog](benchmark::State& state) {
+            Replay replay(dialog);
+            for (auto _ : state) {
+                replay.calls.RunText();
+            }
+        });
+    }
+}
+
+void PrintHeader(double load_before, bool quick) {
+    std::printf("\nDialog report (software renderer, dummy video driver; 1-minute load %.2f)\n",
+                load_before);
+    if (quick) {
+        std::printf("--quick: runs too short to compare; cold glyph caches weigh on the frames\n");
+    }
+    std::printf("%-18s %8s %9s %8s %7s %5s   %-30s %6s\n", "dialog", "frame ms", "replay ms",
+                "x replay", "x clear", "text", "heartbeat median / p99", "CPU");
+}
+
+void PrintRow(ReportDialog const& dialog, FrameNames const& names,
+              zbench::NsPerIteration const& times, zbench::IdleDialogRun const& run) {
+    auto const ms = [&times](std::string const& name) {
+        auto const found = times.find(name);
+        return found != times.end() ? found->second * 1e-6 : -1.0;
+    };
+    double const text = zbench::RatioOf(times, names.text, names.frame);
     char cadence[64];
     std::snprintf(cadence, sizeof cadence, "%.1f / %.1f ms (delay %d ms)",
                   zbench::Percentile(run.intervals_ms, 0.5),
                   zbench::Percentile(run.intervals_ms, 0.99), dialog.delay_ms);
-    std::printf("%-18s %s %s   %-34s %5.1f%%\n", dialog.name.c_str(), Cell(frame_ms, 9, 3).c_str(),
-                Cell(ratio, 8, 1).c_str(), cadence, run.cpu_share * 100.0);
+    std::printf("%-18s %s %s %s %s %s%%   %-30s %5.1f%%\n", dialog.name.c_str(),
+                Cell(ms(names.frame), 8, 3).c_str(), Cell(ms(names.replay), 9, 3).c_str(),
+                Cell(zbench::RatioOf(times, names.frame, names.replay), 8, 2).c_str(),
+                Cell(zbench::RatioOf(times, names.frame, names.floor), 7, 1).c_str(),
+                Cell(text < 0.0 ? text : text * 100.0, 4, 0).c_str(), cadence,
+                run.cpu_share * 100.0);
+}
+
+void PrintLegend() {
+    std::printf(
+        "x replay: the frame against the same SDL and SDL_ttf calls replayed alone, with the\n"
+        "          same arguments on a window of the same size: 1.00 means no cost of its own\n"
+        "x clear:  the frame against clearing and presenting that window\n"
+        "text:     the part of the frame that makes text: TTF_RenderUTF8_Blended and the\n"
+        "          texture made from its surface, replayed alone\n"
+        "CPU:      the share of one core that the open dialog takes while idle\n");
 }
 
 // Notes a dialog that did not run its stretch or that turned again after the quit.
@@ -137,49 +261,160 @@ std::vector<zbench::IdleDialogRun> RunIdleDialogs(std::vector<ReportDialog> cons
     return runs;
 }
 
-// Prints the rows, then any dialog that misbehaved; false if one did.
-bool PrintRows(std::vector<ReportDialog> const& dialogs, zbench::NsPerIteration const& times,
-               std::map<std::string, zbench::FrameCase> const& frames,
-               std::vector<zbench::IdleDialogRun> const& runs) {
-    for (std::size_t i = 0; i < dialogs.size(); ++i) {
-        PrintRow(dialogs[i], times, frames.at(dialogs[i].name), runs[i]);
+void PrintDemoHost(std::string const& program, bool quick) {
+    if (program.empty()) {
+        return;
     }
-    bool ok = true;
-    for (std::size_t i = 0; i < dialogs.size(); ++i) {
-        ok = CheckRun(dialogs[i], runs[i]) && ok;
+    double const share = zbench::ProgramIdleCpuShare(program, quick ? 1.0 : 2.0, quick ? 1.0 : 5.0);
+    if (share < 0.0) {
+        std::printf("demo host: did not run on DISPLAY=%s\n", std::getenv("DISPLAY"));
+    } else {
+        std::printf("demo host under Xvfb, no dialog open, at 60 Hz: %.1f%% of one core\n",
+                    share * 100.0);
     }
-    return ok;
 }
 
-int RunReport(int argc, char** argv, bool quick) {
+int RunReport(int argc, char** argv, bool quick, std::string const& demo_host) {
     zbench::ReportFolder const folder;
-    std::map<std::string, zbench::FrameCase> const frames =
-        zbench::RegisterDialogFrameBenchmarks(folder);
-    zbench::NsPerIteration const times = zbench::RunRecordedBenchmarks(&argc, argv);
+    std::vector<zbench::DialogFrame> const frames = zbench::DialogFrames(folder);
+    RegisterFrameBenchmarks(frames);
+    zbench::NsPerIteration const times = zbench::RunRecordedBenchmarks(&argc, argv, false);
     double const load_before = LoadAverage();
     std::vector<ReportDialog> const dialogs = ReportDialogs(folder);
     std::vector<zbench::IdleDialogRun> const runs = RunIdleDialogs(dialogs, quick);
     PrintHeader(load_before, quick);
-    bool const ok = PrintRows(dialogs, times, frames, runs);
+    for (std::size_t i = 0; i < dialogs.size(); ++i) {
+        PrintRow(dialogs[i], NamesOf(frames[i]), times, runs[i]);
+    }
+    bool ok = true;
+    for (std::size_t i = 0; i < dialogs.size(); ++i) {
+        ok = CheckRun(dialogs[i], runs[i]) && CheckRecording(frames[i]) && ok;
+    }
+    PrintLegend();
+    PrintDemoHost(demo_host, quick);
     std::printf("1-minute load after the timed runs: %.2f\n", LoadAverage());
     return ok ? 0 : 1;
 }
 
+// [SECTION] Instruction counts
+
+constexpr int kCountedFrames = 4;
+constexpr int kStretchesPerDialog = 4;
+
+// Under callgrind: for each dialog, after two warm-up rounds, four measured
+// stretches: the frame, its replay, the text alone, the clear-and-present floor.
+int RunInstructionStretches() {
+    zbench::ReportFolder const folder;
+    for (zbench::DialogFrame const& dialog : zbench::DialogFrames(folder)) {
+        zbench::FrameDrawing const draw = dialog.open();
+        Replay replay(dialog);
+        zbench::SoftwareWindow floor(dialog.width, dialog.height);
+        std::vector<std::function<void()>> const stretches = {
+            draw,
+            [&replay] { replay.calls.Run(); },
+            [&replay] { replay.calls.RunText(); },
+            [&floor] { zbench::ClearAndPresent(floor.renderer()); },
+        };
+        for (auto const& stretch : stretches) {
+            stretch();
+            stretch();
+        }
+        for (auto const& stretch : stretches) {
+            zbench::MeasureStretch(stretch, kCountedFrames);
+        }
+    }
+    return 0;
+}
+
+double Share(double part, double total) {
+    return total > 0.0 ? part / total * 100.0 : -1.0;
+}
+
+void PrintInstructionRow(std::string const& dialog, InstructionSplit const* split) {
+    InstructionSplit const& f = split[0];
+    double const per_frame = 1e-3 / kCountedFrames;
+    double const parts[] = {f.library, f.harness, f.text, f.sdl, f.fonts, f.runtime, f.other};
+    std::string shares;
+    for (double part : parts) {
+        shares += Cell(Share(part, f.total), 7, part < 0.1 * f.total ? 2 : 1) + "%";
+    }
+    std::printf("%-18s %s %s %s %s%s\n", dialog.c_str(), Cell(f.total * per_frame, 6, 0).c_str(),
+                Cell(split[1].total * per_frame, 6, 0).c_str(),
+                Cell(f.total / split[1].total, 8, 3).c_str(),
+                Cell(f.total / split[3].total, 7, 1).c_str(), shares.c_str());
+}
+
+void PrintInstructionLegend() {
+    std::printf(
+        "frame, replay: thousands of instructions per frame, and per replay of its calls\n"
+        "library: the dialog library's own functions; harness: this program's frame set-up\n"
+        "         and the call recorder that every SDL call passes through\n"
+        "text:    TTF_RenderUTF8_Blended and SDL_CreateTextureFromSurface with all they run,\n"
+        "         also counted in the parts that follow\n"
+        "SDL2, fonts (SDL_ttf, FreeType, HarfBuzz), runtime (libc, libstdc++), other: the\n"
+        "         instructions of their own code; with library and harness, the whole frame\n"
+        "SDL2 runs the queued drawing of the software renderer when a texture is destroyed\n"
+        "or the frame presented, so its part is the fills, lines, copies and clear\n");
+}
+
+int RunInstructionReport() {
+    zbench::ReportFolder const folder;
+    std::vector<zbench::DialogFrame> const frames = zbench::DialogFrames(folder);
+    std::vector<zbench::InstructionSplit> const splits =
+        zbench::RunUnderCallgrind("--instructions-child");
+    if (splits.size() != frames.size() * kStretchesPerDialog) {
+        std::printf("callgrind gave %zu measured stretches, not %zu\n", splits.size(),
+                    frames.size() * kStretchesPerDialog);
+        return 1;
+    }
+    std::printf(
+        "\nInstructions per idle frame under callgrind (software renderer, dummy video "
+        "driver)\n%-18s %6s %6s %8s %7s %8s%8s%8s%8s%8s%8s%8s\n",
+        "dialog", "frame", "replay", "x replay", "x clear", "library", "harness", "text", "SDL2",
+        "fonts", "runtime", "other");
+    std::set<std::string> unrecorded;
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        zbench::InstructionSplit const* split = &splits[i * kStretchesPerDialog];
+        PrintInstructionRow(frames[i].dialog, split);
+        unrecorded.insert(split->unrecorded.begin(), split->unrecorded.end());
+    }
+    PrintInstructionLegend();
+    for (std::string const& name : unrecorded) {
+        std::printf("  the library called %s past the recorder; the replay lacks it\n",
+                    name.c_str());
+    }
+    return unrecorded.empty() ? 0 : 1;
+}
+
 }  // namespace
+}  // namespace zbench
 
 int main(int argc, char** argv) {
+    using namespace zbench;
     bool const quick = TakeFlag(&argc, argv, "--quick");
+    bool const instructions = TakeFlag(&argc, argv, "--instructions");
+    bool const stretches = TakeFlag(&argc, argv, "--instructions-child");
+    std::string demo_host;
+    TakeFlag(&argc, argv, "--demo-host", &demo_host);
+    // Frames and replays are read against each other, so their repetitions run
+    // interleaved and each counts by its fastest, the least disturbed by the machine.
+    std::vector<std::string> runs = {"--benchmark_min_time=0.01"};
+    if (!quick) {
+        runs = {"--benchmark_min_time=0.1", "--benchmark_repetitions=5",
+                "--benchmark_enable_random_interleaving=true"};
+    }
     std::vector<char*> args(argv, argv + argc);
-    std::string short_runs = "--benchmark_min_time=0.01";
-    if (quick) {
-        args.insert(args.begin() + 1, short_runs.data());
+    for (std::string& run : runs) {
+        args.insert(args.begin() + 1, run.data());
     }
     args.push_back(nullptr);
     if (!zbench::StartSdlVideo()) {
         return 1;
     }
     int count = static_cast<int>(args.size()) - 1;
-    int const status = RunReport(count, args.data(), quick);
+    int const status = stretches      ? RunInstructionStretches()
+                       : instructions ? RunInstructionReport()
+                                      : RunReport(count, args.data(), quick, demo_host);
     zbench::StopSdlVideo();
     return status;
 }

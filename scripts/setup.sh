@@ -2,7 +2,8 @@
 # Installs what the build, the demo host and the tests need on Debian 12, and
 # fetches the UI fonts into data/ttf. Safe to run again. --windows adds the mingw-w64
 # cross compilers, Wine and what builds the Windows libraries from Debian's sources;
-# --libcxx adds LLVM's libc++.
+# --libcxx adds LLVM's libc++; --valgrind adds valgrind, for the instruction counts
+# of the benchmarks.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -19,6 +20,7 @@ for arg in "$@"; do
         --windows) packages+=(g++-mingw-w64-x86-64-posix wine64 libz-mingw-w64-dev dpkg-dev ninja-build
                               imagemagick) ;;
         --libcxx) packages+=(libc++-dev libc++abi-dev) ;;
+        --valgrind) packages+=(valgrind) ;;
         *) echo "unknown option: $arg" >&2; exit 2 ;;
     esac
 done
