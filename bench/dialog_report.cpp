@@ -43,18 +43,16 @@ struct ReportDialog {
     std::function<void()> show;
 };
 
-std::vector<ReportDialog> ReportDialogs(zbench::ReportFolder const& folder) {
+std::vector<ReportDialog> ReportDialogs(ReportFolder const& folder) {
     std::string const dir = folder.path().string();
     std::string const shader = folder.ShaderPath();
     FolderPickerOptions folders;
     folders.start_directory = dir;
     return {
-        {"message box", 12,
-         [] { SdlMessageBox(zbench::ReportMessageBoxConfig()).Show(nullptr, 1.0f); }},
+        {"message box", 12, [] { SdlMessageBox(ReportMessageBoxConfig()).Show(nullptr, 1.0f); }},
         {"folder picker", 8, [folders] { ShowSimpleFolderPicker(nullptr, folders); }},
         {"file picker", 8, [dir] { ShowSimpleFloppyFilePicker(nullptr, dir); }},
-        {"settings", 12,
-         [] { ShowSettingsDialog(nullptr, 1.0f, zbench::ReportSettingsValues(), {}); }},
+        {"settings", 12, [] { ShowSettingsDialog(nullptr, 1.0f, ReportSettingsValues(), {}); }},
         {"shader parameters", 12,
          [shader] { ShowShaderParameterDialog(nullptr, shader, 1.0f, {}, {}); }},
         {"screenshot", 8,
@@ -107,25 +105,25 @@ std::string Cell(double value, int width, int decimals) {
 
 // Opens the dialog's frame and draws two, so that the font and glyph caches are as
 // warm as in an open dialog, then records the third.
-zbench::RecordedFrame RecordIdleFrame(zbench::DialogFrame const& dialog) {
-    zbench::FrameDrawing const draw = dialog.open();
+RecordedFrame RecordIdleFrame(DialogFrame const& dialog) {
+    FrameDrawing const draw = dialog.open();
     draw();
     draw();
-    zbench::StartRecording();
+    StartRecording();
     draw();
-    return zbench::StopRecording();
+    return StopRecording();
 }
 
 // A dialog's recorded idle frame, replayed on a software window of its own.
 struct Replay {
-    explicit Replay(zbench::DialogFrame const& dialog)
+    explicit Replay(DialogFrame const& dialog)
         : window(dialog.width, dialog.height), calls(RecordIdleFrame(dialog), window.renderer()) {
         calls.Run();  // its own fonts' glyph caches warm, as the recorded frame's were
         calls.Run();
     }
 
-    zbench::SoftwareWindow window;
-    zbench::FrameReplay calls;
+    SoftwareWindow window;
+    FrameReplay calls;
 };
 
 // Notes a recording that met objects made before it, whose calls the replay lacks,
@@ -157,27 +155,27 @@ struct FrameNames {
     std::string floor;
 };
 
-FrameNames NamesOf(zbench::DialogFrame const& dialog) {
+FrameNames NamesOf(DialogFrame const& dialog) {
     std::string const stem = "BM_" + dialog.stem;
     return {stem + "Frame", stem + "Replay", stem + "Text",
             "BM_ClearPresentFloor/" + std::to_string(dialog.width) + "x" +
                 std::to_string(dialog.height)};
 }
 
-void RegisterFrameBenchmarks(std::vector<zbench::DialogFrame> const& dialogs) {
+void RegisterFrameBenchmarks(std::vector<DialogFrame> const& dialogs) {
     std::set<std::string> floors;
-    for (zbench::DialogFrame const& dialog : dialogs) {
+    for (DialogFrame const& dialog : dialogs) {
         FrameNames const names = NamesOf(dialog);
         if (floors.insert(names.floor).second) {
             benchmark::RegisterBenchmark(names.floor.c_str(), [dialog](benchmark::State& state) {
-                zbench::SoftwareWindow window(dialog.width, dialog.height);
+                SoftwareWindow window(dialog.width, dialog.height);
                 for (auto _ : state) {
-                    zbench::ClearAndPresent(window.renderer());
+                    ClearAndPresent(window.renderer());
                 }
             });
         }
         benchmark::RegisterBenchmark(names.frame.c_str(), [dialog](benchmark::State& state) {
-            zbench::FrameDrawing const draw = dialog.open();
+            FrameDrawing const draw = dialog.open();
             for (auto _ : state) {
                 draw();
             }
@@ -207,21 +205,21 @@ void PrintHeader(double load_before, bool quick) {
                 "x replay", "x clear", "text", "heartbeat median / p99", "CPU");
 }
 
-void PrintRow(ReportDialog const& dialog, FrameNames const& names,
-              zbench::NsPerIteration const& times, zbench::IdleDialogRun const& run) {
+void PrintRow(ReportDialog const& dialog, FrameNames const& names, NsPerIteration const& times,
+              IdleDialogRun const& run) {
     auto const ms = [&times](std::string const& name) {
         auto const found = times.find(name);
         return found != times.end() ? found->second * 1e-6 : -1.0;
     };
-    double const text = zbench::RatioOf(times, names.text, names.frame);
+    double const text = RatioOf(times, names.text, names.frame);
     char cadence[64];
     std::snprintf(cadence, sizeof cadence, "%.1f / %.1f ms (delay %d ms)",
-                  zbench::Percentile(run.intervals_ms, 0.5),
-                  zbench::Percentile(run.intervals_ms, 0.99), dialog.delay_ms);
+                  Percentile(run.intervals_ms, 0.5), Percentile(run.intervals_ms, 0.99),
+                  dialog.delay_ms);
     std::printf("%-18s %s %s %s %s %s%%   %-30s %5.1f%%\n", dialog.name.c_str(),
                 Cell(ms(names.frame), 8, 3).c_str(), Cell(ms(names.replay), 9, 3).c_str(),
-                Cell(zbench::RatioOf(times, names.frame, names.replay), 8, 2).c_str(),
-                Cell(zbench::RatioOf(times, names.frame, names.floor), 7, 1).c_str(),
+                Cell(RatioOf(times, names.frame, names.replay), 8, 2).c_str(),
+                Cell(RatioOf(times, names.frame, names.floor), 7, 1).c_str(),
                 Cell(text < 0.0 ? text : text * 100.0, 4, 0).c_str(), cadence,
                 run.cpu_share * 100.0);
 }
@@ -237,7 +235,7 @@ void PrintLegend() {
 }
 
 // Notes a dialog that did not run its stretch or that turned again after the quit.
-bool CheckRun(ReportDialog const& dialog, zbench::IdleDialogRun const& run) {
+bool CheckRun(ReportDialog const& dialog, IdleDialogRun const& run) {
     if (!run.completed) {
         std::printf("  %s: closed before its idle stretch ended\n", dialog.name.c_str());
         return false;
@@ -250,13 +248,11 @@ bool CheckRun(ReportDialog const& dialog, zbench::IdleDialogRun const& run) {
     return true;
 }
 
-std::vector<zbench::IdleDialogRun> RunIdleDialogs(std::vector<ReportDialog> const& dialogs,
-                                                  bool quick) {
-    zbench::IdleStretch const stretch =
-        quick ? zbench::IdleStretch{3, 10, 0.1} : zbench::IdleStretch{10, 200, 2.0};
-    std::vector<zbench::IdleDialogRun> runs;
+std::vector<IdleDialogRun> RunIdleDialogs(std::vector<ReportDialog> const& dialogs, bool quick) {
+    IdleStretch const stretch = quick ? IdleStretch{3, 10, 0.1} : IdleStretch{10, 200, 2.0};
+    std::vector<IdleDialogRun> runs;
     for (ReportDialog const& dialog : dialogs) {
-        runs.push_back(zbench::RunIdleDialog(dialog.show, stretch));
+        runs.push_back(RunIdleDialog(dialog.show, stretch));
     }
     return runs;
 }
@@ -265,7 +261,7 @@ void PrintDemoHost(std::string const& program, bool quick) {
     if (program.empty()) {
         return;
     }
-    double const share = zbench::ProgramIdleCpuShare(program, quick ? 1.0 : 2.0, quick ? 1.0 : 5.0);
+    double const share = ProgramIdleCpuShare(program, quick ? 1.0 : 2.0, quick ? 1.0 : 5.0);
     if (share < 0.0) {
         std::printf("demo host: did not run on DISPLAY=%s\n", std::getenv("DISPLAY"));
     } else {
@@ -275,13 +271,13 @@ void PrintDemoHost(std::string const& program, bool quick) {
 }
 
 int RunReport(int argc, char** argv, bool quick, std::string const& demo_host) {
-    zbench::ReportFolder const folder;
-    std::vector<zbench::DialogFrame> const frames = zbench::DialogFrames(folder);
+    ReportFolder const folder;
+    std::vector<DialogFrame> const frames = DialogFrames(folder);
     RegisterFrameBenchmarks(frames);
-    zbench::NsPerIteration const times = zbench::RunRecordedBenchmarks(&argc, argv, false);
+    NsPerIteration const times = RunRecordedBenchmarks(&argc, argv, false);
     double const load_before = LoadAverage();
     std::vector<ReportDialog> const dialogs = ReportDialogs(folder);
-    std::vector<zbench::IdleDialogRun> const runs = RunIdleDialogs(dialogs, quick);
+    std::vector<IdleDialogRun> const runs = RunIdleDialogs(dialogs, quick);
     PrintHeader(load_before, quick);
     for (std::size_t i = 0; i < dialogs.size(); ++i) {
         PrintRow(dialogs[i], NamesOf(frames[i]), times, runs[i]);
@@ -299,28 +295,27 @@ int RunReport(int argc, char** argv, bool quick, std::string const& demo_host) {
 // [SECTION] Instruction counts
 
 constexpr int kCountedFrames = 4;
-constexpr int kStretchesPerDialog = 4;
+constexpr int kStretchesPerDialog = 3;
 
-// Under callgrind: for each dialog, after two warm-up rounds, four measured
-// stretches: the frame, its replay, the text alone, the clear-and-present floor.
+// Under callgrind: for each dialog, after two warm-up rounds, three measured
+// stretches: the frame, its replay, the clear-and-present floor.
 int RunInstructionStretches() {
-    zbench::ReportFolder const folder;
-    for (zbench::DialogFrame const& dialog : zbench::DialogFrames(folder)) {
-        zbench::FrameDrawing const draw = dialog.open();
+    ReportFolder const folder;
+    for (DialogFrame const& dialog : DialogFrames(folder)) {
+        FrameDrawing const draw = dialog.open();
         Replay replay(dialog);
-        zbench::SoftwareWindow floor(dialog.width, dialog.height);
+        SoftwareWindow floor(dialog.width, dialog.height);
         std::vector<std::function<void()>> const stretches = {
             draw,
             [&replay] { replay.calls.Run(); },
-            [&replay] { replay.calls.RunText(); },
-            [&floor] { zbench::ClearAndPresent(floor.renderer()); },
+            [&floor] { ClearAndPresent(floor.renderer()); },
         };
         for (auto const& stretch : stretches) {
             stretch();
             stretch();
         }
         for (auto const& stretch : stretches) {
-            zbench::MeasureStretch(stretch, kCountedFrames);
+            MeasureStretch(stretch, kCountedFrames);
         }
     }
     return 0;
@@ -341,7 +336,7 @@ void PrintInstructionRow(std::string const& dialog, InstructionSplit const* spli
     std::printf("%-18s %s %s %s %s%s\n", dialog.c_str(), Cell(f.total * per_frame, 6, 0).c_str(),
                 Cell(split[1].total * per_frame, 6, 0).c_str(),
                 Cell(f.total / split[1].total, 8, 3).c_str(),
-                Cell(f.total / split[3].total, 7, 1).c_str(), shares.c_str());
+                Cell(f.total / split[2].total, 7, 1).c_str(), shares.c_str());
 }
 
 void PrintInstructionLegend() {
@@ -358,10 +353,9 @@ void PrintInstructionLegend() {
 }
 
 int RunInstructionReport() {
-    zbench::ReportFolder const folder;
-    std::vector<zbench::DialogFrame> const frames = zbench::DialogFrames(folder);
-    std::vector<zbench::InstructionSplit> const splits =
-        zbench::RunUnderCallgrind("--instructions-child");
+    ReportFolder const folder;
+    std::vector<DialogFrame> const frames = DialogFrames(folder);
+    std::vector<InstructionSplit> const splits = RunUnderCallgrind("--instructions-child");
     if (splits.size() != frames.size() * kStretchesPerDialog) {
         std::printf("callgrind gave %zu measured stretches, not %zu\n", splits.size(),
                     frames.size() * kStretchesPerDialog);
@@ -374,7 +368,7 @@ int RunInstructionReport() {
         "fonts", "runtime", "other");
     std::set<std::string> unrecorded;
     for (std::size_t i = 0; i < frames.size(); ++i) {
-        zbench::InstructionSplit const* split = &splits[i * kStretchesPerDialog];
+        InstructionSplit const* split = &splits[i * kStretchesPerDialog];
         PrintInstructionRow(frames[i].dialog, split);
         unrecorded.insert(split->unrecorded.begin(), split->unrecorded.end());
     }
@@ -408,13 +402,13 @@ int main(int argc, char** argv) {
         args.insert(args.begin() + 1, run.data());
     }
     args.push_back(nullptr);
-    if (!zbench::StartSdlVideo()) {
+    if (!StartSdlVideo()) {
         return 1;
     }
     int count = static_cast<int>(args.size()) - 1;
     int const status = stretches      ? RunInstructionStretches()
                        : instructions ? RunInstructionReport()
                                       : RunReport(count, args.data(), quick, demo_host);
-    zbench::StopSdlVideo();
+    StopSdlVideo();
     return status;
 }
