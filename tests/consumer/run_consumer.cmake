@@ -1,6 +1,6 @@
 # Installs the library of this build tree into a fresh prefix, builds the other kind
 # (static or shared) of the library alone on the side and installs it too, then
-# builds and runs the host in app/ against each prefix, once more from pkg-config's
+# builds and runs examples/minimal_host against each prefix, once more from pkg-config's
 # flags alone against the static prefix, and once with the library's source tree
 # added to the host's own build, where only SDL2 and SDL2_ttf may be looked for.
 function(run)

@@ -1,5 +1,6 @@
-// A host in miniature, built against an installed copy of the library: one message
-// box, closed by an Escape that the heartbeat sends on its third beat.
+// The smallest host: SDL's video up, a heartbeat, one message box and its answer. Its
+// heartbeat presses Escape on the third beat, so it also runs unattended, as the
+// consumer test runs it against an installed copy and an embedded tree.
 #include <gui/frame.h>
 #include <gui/message_box.h>
 
