@@ -58,6 +58,7 @@ TEST_F(UiFonts, DrawTextReportsItsRectangleOnlyWhenItDraws) {
     DrawSdlUiText(renderer, font.get(), "Ag \xE2\x84\xB9", 5, 6, white, &rect);
     EXPECT_EQ(std::vector<int>({rect.x, rect.y, rect.w > 10, rect.h}),
               std::vector<int>({5, 6, true, TTF_FontHeight(font.get())}));
+    EXPECT_EQ(EnsureScreenshotDialogFont(), GetCachedSdlUiFont(16, false, kSemiBold));
     SDL_DestroyRenderer(renderer);
     SDL_DestroyWindow(window);
 }

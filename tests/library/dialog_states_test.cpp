@@ -93,9 +93,11 @@ std::vector<State> const kStates = {
     // File pickers 760 x 520: a list from y 56 to 473 with rows of 24 from y 57, Cancel at x 592
     // to 661 and Open at 672 to 741, y 482 to 511; the folder picker 780 x 540 with Select at
     // x 676 to 761, y 498 to 531.
-    {"picker_folder", ztest::FolderPicker("floppies"), {Key(SDLK_DOWN), Key(SDLK_DOWN)},
+    {"picker_folder", ztest::FolderPicker("floppies"),
+     {Key(SDLK_DOWN), Key(SDLK_DOWN), Key(SDLK_DOWN), Key(SDLK_UP)},
      {Click(700, 510)}, "floppies"},
-    {"picker_font", ztest::FontPicker(), {}, {Key(SDLK_DOWN), Key(SDLK_RETURN)},
+    {"picker_font", ztest::FontPicker(), {},
+     {Key(SDLK_DOWN), Key(SDLK_DOWN), Click(100, 60), Key(SDLK_DOWN), Key(SDLK_RETURN)},
      "data/ttf/IBMPlexSans-Regular.ttf"},
     {"picker_floppy", ztest::FloppyPicker(), {Hover(300, 300)}, {Click(620, 495)}, ""},
     {"picker_floppy_selected_row", ztest::FloppyPicker(), {Click(100, 57 + 24 * 4)},
