@@ -1,4 +1,6 @@
-// The screenshot dialog's names and value texts, and its form model under keys and text.
+// The two forms' rules: the screenshot's names, value texts and form model under keys and
+// text; the disk image's size texts and target paths.
+#include "hdd_image/hdd_create_dialog.h"
 #include "screenshot/screenshot_dialog.h"
 #include "support/test_display.h"
 
@@ -65,6 +67,22 @@ TEST(ScreenshotForm, KeysAndTextEditOnlyTheFocusedFieldAndMoveTheFocus) {
                       state.jpeg_quality_text + " " + state.png_compression_text,
                   expected);
     }
+}
+
+TEST(HddCreateRules, SizeTextsAndTargetPaths) {
+    std::pair<char const*, unsigned int> const sizes[] = {{"", 10},
+                                                          {"0", 1},
+                                                          {"007", 7},
+                                                          {"9999999999", 4294967295u},
+                                                          {"12a", 10},
+                                                          {"-5", 10},
+                                                          {"123456789012345678901", 10}};
+    for (auto const& [text, mb] : sizes) {
+        EXPECT_EQ(ParseHddCreateSizeMbOrDefault(text, 10), mb) << text;
+    }
+    EXPECT_EQ(BuildHddCreateTargetPath("", ""), "./disk.img");
+    EXPECT_EQ(BuildHddCreateTargetPath("/srv/images/", "c.img"), "/srv/images/c.img");
+    EXPECT_EQ(BuildHddCreateTargetPath("/srv", "/abs/d.img"), "/abs/d.img");
 }
 
 }  // namespace
