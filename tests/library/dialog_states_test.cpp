@@ -122,6 +122,10 @@ std::vector<State> const kStates = {
      {Click(740, 240), Key(SDLK_DOWN), Key(SDLK_RETURN), kApply},
      Applied("60fps ttf-custom hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 "
              "font'data/ttf/IBMPlexSans-Regular.ttf' shaders0 size1")},
+    {"settings_font_mode_custom_without_file", ztest::Settings(), {Click(300, kPanel + 119)},
+     {kApply},
+     Applied("60fps ttf-custom hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 "
+             "size1")},
     {"settings_target_fps", ztest::Settings(), {Topic(2), Hover(224, 10 + 30 * 8 + 15)},
      {Click(300, kPanel + 85), kApply},
      Applied("50fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
@@ -150,7 +154,7 @@ std::vector<State> const kStates = {
      {Release(330, kPanel + 68), kApply},
      Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.296429 font'' shaders0 "
              "size1")},
-    {"settings_nav_hovered", ztest::Settings(), {Hover(100, 10 + 30 * 8 + 15)}, {CloseWindow()},
+    {"settings_nav_hovered", ztest::Settings(), {Hover(0, 10 + 30 * 8 + 15)}, {CloseWindow()},
      ""},
     {"settings_apply_pressed", ztest::Settings(), {Press(763, 464)}, {Release(663, 464)}, ""},
     // The shader dialog 900 x 490: rows of 80 from y 20 less the scroll, sliders at x 260 to
