@@ -6,11 +6,13 @@
 
 #include "gui/pickers.h"
 #include "gui/screenshot.h"
+#include "support/records.h"
 #include "support/reference_frame.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,6 +24,7 @@ using Format = zorvane::frontend::gui::ScreenshotSaveFormat;
 using Config = zorvane::frontend::gui::SdlMessageBox::Config;
 using Button = zorvane::frontend::gui::SdlMessageBox::Button;
 using Type = zorvane::frontend::gui::SdlMessageBox::Type;
+using Values = zorvane::frontend::gui::SettingsDialogValues;
 
 struct State {
     char const* name;  // of its reference picture
@@ -52,9 +55,14 @@ DialogScript::Step Topic(int row) {
 // Where every settings panel's content starts, below its title and subtitle.
 int const kPanel = 86;
 DialogScript::Step const kApply = Click(763, 464);
-// The settings as Settings() opens them, as the first Apply hands them over.
-std::string Applied(std::string const& changed_fields) {
-    return "apply " + changed_fields;
+// What an Apply hands over, compared whole: the settings the dialog opened with, changed.
+std::string Applied(std::function<void(Values&)> const& change = {},
+                    std::string const& font_mode = "pixel") {
+    Values values = ztest::SettingsOf(font_mode);
+    if (change) {
+        change(values);
+    }
+    return "apply " + ztest::Describe(values);
 }
 char const kShaderStart[] = "CURVE=0.08;SCAN=6;MASK=0.65;GAMMA=2.2;TILT=0;";
 // About's build facts: the compiler, the build date, the platform and the flags.
@@ -116,44 +124,37 @@ std::vector<State> const kStates = {
     {"picker_shader_resized", ztest::ShaderPicker(), {Resize(420, 160)},
      {Key(SDLK_DOWN), Click(350, 130)}, "shaders/crt.glslp"},
     // Settings 820 x 492: Cancel at (663, 464), Apply at (763, 464).
-    {"settings_font_mode", ztest::Settings(), {}, {kApply},
-     Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
+    {"settings_font_mode", ztest::Settings(), {}, {kApply}, Applied()},
     {"settings_font_mode_custom", ztest::Settings("ttf-custom"), {Hover(740, 240)},
      {Click(740, 240), Key(SDLK_DOWN), Key(SDLK_RETURN), kApply},
-     Applied("60fps ttf-custom hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 "
-             "font'data/ttf/IBMPlexSans-Regular.ttf' shaders0 size1")},
+     Applied([](Values& v) { v.custom_font_path = "data/ttf/IBMPlexSans-Regular.ttf"; },
+             "ttf-custom")},
     {"settings_font_mode_custom_without_file", ztest::Settings(), {Click(300, kPanel + 119)},
-     {kApply},
-     Applied("60fps ttf-custom hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 "
-             "size1")},
+     {kApply}, Applied([](Values& v) { v.font_mode = "ttf-custom"; })},
     {"settings_target_fps", ztest::Settings(), {Topic(2), Hover(224, 10 + 30 * 8 + 15)},
-     {Click(300, kPanel + 85), kApply},
-     Applied("50fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
+     {Click(300, kPanel + 85), kApply}, Applied([](Values& v) { v.fps = 50; })},
     {"settings_renderer", ztest::Settings(), {Topic(3), Hover(400, kPanel + 40)},
-     {Click(400, kPanel + 40), kApply},
-     Applied("60fps pixel software 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
+     {Click(400, kPanel + 40), kApply}, Applied([](Values& v) { v.renderer_mode = "software"; })},
     {"settings_screenshots", ztest::Settings(), {Topic(4), Hover(300, kPanel + 90)},
      {Click(300, kPanel + 90), Click(300, kPanel + 163), kApply},
-     Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders1 size0")},
+     Applied([](Values& v) {
+         v.screenshot_capture_with_opengl_shaders = true;
+         v.screenshot_capture_size_mode = 0;
+     })},
     {"settings_mouse_capture", ztest::Settings(), {Topic(6)}, {Click(300, kPanel + 81), kApply},
-     Applied("60fps pixel hardware 4.77MHz gain1.5 text1 hdd1 vol0.35 font'' shaders0 size1")},
+     Applied([](Values& v) { v.allow_mouse_capture_in_text_mode = true; })},
     {"settings_mouse_capture_slider_held", ztest::Settings(), {Topic(6), Press(460, kPanel + 30)},
-     {Release(460, kPanel + 30), kApply},
-     Applied("60fps pixel hardware 4.77MHz gain2.34196 text0 hdd1 vol0.35 font'' shaders0 "
-             "size1")},
-    {"settings_cpu_speed", ztest::Settings(), {Topic(8)}, {Key(SDLK_RETURN), kApply},
-     Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
+     {Release(460, kPanel + 30), kApply},  // (460 - 247) / 280 of the way from 0.25 to 3
+     Applied([](Values& v) { v.mouse_capture_gain = 0.25 + 2.75 * 213 / 280; })},
+    {"settings_cpu_speed", ztest::Settings(), {Topic(8)}, {Key(SDLK_RETURN), kApply}, Applied()},
     {"settings_logger_options", ztest::Settings(), {Topic(10)}, {Click(663, 464)}, ""},
     {"settings_hdd_sounds", ztest::Settings(), {Topic(12), Hover(400, kPanel + 68)},
      {Click(300, kPanel + 3), kApply, Click(300, kPanel + 3), kApply},
-     Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd0 vol0.35 font'' shaders0 size1") +
-         " | " +
-         Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.35 font'' shaders0 size1")},
+     Applied([](Values& v) { v.hdd_sounds_enabled = false; }) + " | " + Applied()},
     {"settings_hdd_sounds_slider_dragged", ztest::Settings(),
      {Topic(12), Press(300, kPanel + 68), Hover(330, kPanel + 68)},
      {Release(330, kPanel + 68), kApply},
-     Applied("60fps pixel hardware 4.77MHz gain1.5 text0 hdd1 vol0.296429 font'' shaders0 "
-             "size1")},
+     Applied([](Values& v) { v.hdd_sounds_volume = 83.0 / 280; })},
     {"settings_nav_hovered", ztest::Settings(), {Hover(0, 10 + 30 * 8 + 15)}, {CloseWindow()},
      ""},
     {"settings_apply_pressed", ztest::Settings(), {Press(763, 464)}, {Release(663, 464)}, ""},

@@ -89,24 +89,29 @@ Dialog ShaderPicker(std::string start) {
     return FilePicker(gui::ShowSimpleShaderFilePicker, ".glsl .glslp .frag .vert .fs .vs ", start);
 }
 
+gui::SettingsDialogValues SettingsOf(std::string const& font_mode) {
+    gui::SettingsDialogValues values;
+    values.fps = 60;
+    values.font_mode = font_mode;
+    values.custom_font_path = font_mode == "ttf-custom" ? "data/ttf/Mono Retro.ttf" : "";
+    values.cpu_mhz = 4.77;
+    values.mouse_capture_gain = 1.5;
+    values.hdd_sounds_enabled = true;
+    values.hdd_sounds_volume = 0.35;
+    return values;
+}
+
 Dialog Settings(std::string font_mode) {
     return [font_mode](SDL_Window* parent) {
-        gui::SettingsDialogValues values;
-        values.fps = 60;
-        values.font_mode = font_mode;
-        values.custom_font_path = font_mode == "ttf-custom" ? "data/ttf/Mono Retro.ttf" : "";
-        values.cpu_mhz = 4.77;
-        values.mouse_capture_gain = 1.5;
-        values.hdd_sounds_enabled = true;
-        values.hdd_sounds_volume = 0.35;
         Outcome outcome;
-        gui::ShowSettingsDialog(parent, 1.0f, values, [&](gui::SettingsDialogValues const& v) {
-            outcome.result += (outcome.nothing_done ? "apply " : " | apply ") + Describe(v);
-            outcome.nothing_done = false;
-            if (!SettingsInRange(v)) {
-                outcome.broken = "settings out of range";
-            }
-        });
+        gui::ShowSettingsDialog(
+            parent, 1.0f, SettingsOf(font_mode), [&](gui::SettingsDialogValues const& v) {
+                outcome.result += (outcome.nothing_done ? "apply " : " | apply ") + Describe(v);
+                outcome.nothing_done = false;
+                if (!SettingsInRange(v)) {
+                    outcome.broken = "settings out of range";
+                }
+            });
         return outcome;
     };
 }

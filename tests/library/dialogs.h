@@ -5,6 +5,7 @@
 
 #include "gui/message_box.h"
 #include "gui/screenshot.h"
+#include "gui/settings.h"
 
 #include "support/dialog_script.h"
 #include "support/temp_dir.h"
@@ -39,7 +40,9 @@ Dialog FontPicker();
 Dialog FloppyPicker(std::string start = "");
 Dialog ShaderPicker(std::string start = "shaders");
 // The settings of a host: 60 fps, 4.77 MHz, gain 1.5, HDD sounds on at 0.35, and the font
-// mode given, with "data/ttf/Mono Retro.ttf" for "ttf-custom". The result lists each Apply.
+// mode given, with "data/ttf/Mono Retro.ttf" for "ttf-custom".
+zorvane::frontend::gui::SettingsDialogValues SettingsOf(std::string const& font_mode);
+// The settings dialog opened on SettingsOf(font_mode); the result lists each Apply.
 Dialog Settings(std::string font_mode = "pixel");
 // A shader or preset, started from the preset's values, then MASK at 0.65; the result
 // lists each Apply, then the dialog's result.
