@@ -94,11 +94,6 @@ void DialogScript::Wheel(int y) const {
 }
 
 void DialogScript::Hover(int x, int y) const {
-    char const* driver = SDL_GetCurrentVideoDriver();
-    if (driver != nullptr && SDL_strcmp(driver, "x11") == 0) {
-        SDL_WarpMouseInWindow(Window(), x, y);
-        return;
-    }
     ScriptedPointer& pointer = Pointer();
     pointer.active = true;
     pointer.window = Window();

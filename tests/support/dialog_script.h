@@ -46,8 +46,7 @@ public:
     void Button(bool down, int x, int y, Uint8 button = SDL_BUTTON_LEFT, Uint8 clicks = 1) const;
     void Motion(int x, int y) const;
     void Wheel(int y) const;
-    // Puts the pointer over the newest window at (x, y), giving it the mouse focus:
-    // a real pointer move under X, the scripted pointer on other drivers.
+    // Puts the scripted pointer over the newest window at (x, y), giving it the mouse focus.
     void Hover(int x, int y) const;
 
 private:

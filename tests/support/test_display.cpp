@@ -1,4 +1,5 @@
-// SDL start-up and shut-down for the tests, and the fixture of a dialog test.
+// The entry point of every test executable: SDL video up before the tests, down after,
+// and the fixture of a dialog test.
 #include "support/test_display.h"
 
 #include "gui/frame.h"
@@ -12,37 +13,6 @@
 
 namespace ztest {
 
-std::string VideoDriver() {
-    char const* driver = SDL_GetCurrentVideoDriver();
-    return driver != nullptr ? driver : "";
-}
-
-void StartTestDisplay() {
-    char const* requested = std::getenv("SDL_VIDEODRIVER");
-    std::string driver = requested != nullptr && requested[0] != '\0' ? requested : "dummy";
-#ifdef _WIN32
-    driver = driver == "x11" ? "dummy" : driver;
-#endif
-    SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, driver.c_str(), SDL_HINT_OVERRIDE);
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-        std::fprintf(stderr, "cannot start the %s video driver: %s\n", driver.c_str(),
-                     SDL_GetError());
-        std::exit(1);
-    }
-}
-
-void StopTestDisplay() {
-    zorvane::frontend::gui::ShutdownSdlUiCachedFonts();
-    if (TTF_WasInit() != 0) {
-        TTF_Quit();
-    }
-    // SDL's X11 driver unloads libX11 on quit, which leaves the leak checker with
-    // allocations of an unknown module; under X the process simply ends instead.
-    if (VideoDriver() != "x11") {
-        SDL_Quit();
-    }
-}
-
 void DialogTest::SetUp() {
     ResetRecorder();
     SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
@@ -54,3 +24,23 @@ void DialogTest::TearDown() {
 }
 
 }  // namespace ztest
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    if (::testing::GTEST_FLAG(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
+    char const* driver = std::getenv("SDL_VIDEODRIVER");
+    SDL_SetHint(SDL_HINT_VIDEODRIVER, driver != nullptr && driver[0] != '\0' ? driver : "dummy");
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        std::fprintf(stderr, "cannot start SDL's video for the tests: %s\n", SDL_GetError());
+        return 1;
+    }
+    int const result = RUN_ALL_TESTS();
+    zorvane::frontend::gui::ShutdownSdlUiCachedFonts();
+    if (TTF_WasInit() != 0) {
+        TTF_Quit();
+    }
+    SDL_Quit();
+    return result;
+}
