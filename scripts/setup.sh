@@ -12,7 +12,7 @@ packages=(
     libsdl2-dev libsdl2-ttf-dev libsdl2-image-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core woff2
-    xvfb xauth libx11-dev libxtst-dev
+    xvfb xauth
 )
 
 for arg in "$@"; do
