@@ -47,8 +47,10 @@ Dialog Settings(std::string font_mode = "pixel");
 // A shader or preset, started from the preset's values, then MASK at 0.65; the result
 // lists each Apply, then the dialog's result.
 Dialog ShaderParameters(std::string path = "shaders/crt.glsl");
-// out/captures, capture.png in `format`, quality 85, compression 6, RLE on.
-Dialog Screenshot(zorvane::frontend::gui::ScreenshotSaveFormat format);
+// out/captures, the name (an empty one takes the time) in `format`, quality 85,
+// compression 6, RLE on.
+Dialog Screenshot(zorvane::frontend::gui::ScreenshotSaveFormat format,
+                  std::string name = "capture.png");
 // out/images, the default size.
 Dialog DiskImage();
 // The result lists the pages it opened; without fonts every measure takes its fallback.

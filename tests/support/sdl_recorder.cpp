@@ -8,16 +8,16 @@
 #endif
 
 #include <algorithm>
+#include <iterator>
 #include <map>
-#include <mutex>
 #include <set>
 
 namespace ztest {
 
 namespace {
 
+// Everything runs on the one thread of the dialogs, so the state has no lock.
 struct RecorderState {
-    std::recursive_mutex mutex;
     std::vector<SdlCall> calls;
     SdlFaults faults;
     ScriptedPointer pointer;
@@ -32,29 +32,22 @@ RecorderState& State() {
     return state;
 }
 
-using Lock = std::lock_guard<std::recursive_mutex>;
-
 void Record(std::string name, std::string text = {}, std::vector<long long> args = {},
             void const* object = nullptr) {
-    Lock lock(State().mutex);
     State().calls.push_back({std::move(name), std::move(text), std::move(args), object});
 }
 
 // Moves `object` into or out of a set of live objects; Release tells whether it was ours.
 void Track(std::set<void const*>& live, void const* object) {
-    Lock lock(State().mutex);
-    if (object != nullptr) {
-        live.insert(object);
-    }
+    live.insert(object);
+    live.erase(nullptr);
 }
 bool Release(std::set<void const*>& live, void const* object) {
-    Lock lock(State().mutex);
     return live.erase(object) > 0;
 }
 
 // Counts one call of the creation entry point `name`; true when it is the one to fail.
 bool FailCreation(char const* name) {
-    Lock lock(State().mutex);
     int const number = ++State().creations[name];
     return State().faults.fail_nth == number && State().faults.fail_call == name;
 }
@@ -91,7 +84,6 @@ void CaptureFrame(SDL_Renderer* renderer) {
     frame.pixels.resize(static_cast<std::size_t>(frame.width) * frame.height);
     if (SDL_RenderReadPixels(renderer, nullptr, SDL_PIXELFORMAT_ARGB8888, frame.pixels.data(),
                              frame.width * 4) == 0) {
-        Lock lock(State().mutex);
         State().frames[SDL_GetWindowID(window)] = std::move(frame);
     }
 }
@@ -108,7 +100,6 @@ std::string Frame::ColorAt(int x, int y) const {
 }
 
 void ResetRecorder() {
-    Lock lock(State().mutex);
     State().calls.clear();
     State().faults = SdlFaults{};
     State().pointer = ScriptedPointer{};
@@ -125,15 +116,13 @@ ScriptedPointer& Pointer() {
 }
 
 std::vector<SdlCall> RecordedCalls() {
-    Lock lock(State().mutex);
     return State().calls;
 }
 
 std::vector<SdlCall> RecordedCalls(std::string_view name) {
-    std::vector<SdlCall> named = RecordedCalls();
-    named.erase(std::remove_if(named.begin(), named.end(),
-                               [name](SdlCall const& call) { return call.name != name; }),
-                named.end());
+    std::vector<SdlCall> named;
+    std::copy_if(State().calls.begin(), State().calls.end(), std::back_inserter(named),
+                 [name](SdlCall const& call) { return call.name == name; });
     return named;
 }
 
@@ -142,26 +131,23 @@ int CountCalls(std::string_view name) {
 }
 
 int CountCreations(std::string_view name) {
-    Lock lock(State().mutex);
     auto const it = State().creations.find(name);
     return it == State().creations.end() ? 0 : it->second;
 }
 
-LiveObjects CountLiveObjects() {
-    Lock lock(State().mutex);
-    auto const count = [](std::set<void const*> const& live) { return int(live.size()); };
+std::string CountLiveObjects() {
     RecorderState const& s = State();
-    return {count(s.windows), count(s.renderers), count(s.textures), count(s.surfaces),
-            count(s.fonts)};
+    return std::to_string(s.windows.size()) + " windows " + std::to_string(s.renderers.size()) +
+           " renderers " + std::to_string(s.textures.size()) + " textures " +
+           std::to_string(s.surfaces.size()) + " surfaces " + std::to_string(s.fonts.size()) +
+           " fonts";
 }
 
 SDL_Window* TopWindow() {
-    Lock lock(State().mutex);
     return State().window_stack.empty() ? nullptr : State().window_stack.back();
 }
 
 Frame FrameOfWindow(Uint32 window_id) {
-    Lock lock(State().mutex);
     auto const it = State().frames.find(window_id);
     return it == State().frames.end() ? Frame{} : it->second;
 }
@@ -221,7 +207,6 @@ SDL_Window* SDL_CreateWindow(char const* title, int x, int y, int w, int h, Uint
     SDL_Window* window = real(title, x, y, w, h, flags);
     ztest::Track(State().windows, window);
     if (window != nullptr) {
-        ztest::Lock lock(State().mutex);
         State().window_stack.push_back(window);
     }
     return window;
@@ -231,7 +216,6 @@ void SDL_DestroyWindow(SDL_Window* window) {
     ZTEST_REAL(SDL_DestroyWindow);
     if (ztest::Release(State().windows, window)) {
         Record("SDL_DestroyWindow", {}, {}, window);
-        ztest::Lock lock(State().mutex);
         auto& stack = State().window_stack;
         stack.erase(std::remove(stack.begin(), stack.end(), window), stack.end());
     }
@@ -310,7 +294,6 @@ SDL_Surface* TTF_RenderUTF8_Blended(TTF_Font* font, char const* text, SDL_Color 
         return nullptr;
     }
     SDL_Surface* surface = real(font, text, fg);
-    Record("TTF_RenderUTF8_Blended", text != nullptr ? text : "");
     ztest::Track(State().surfaces, surface);
     return surface;
 }

@@ -61,15 +61,6 @@ struct ScriptedPointer {
     Uint32 buttons = 0;  // SDL_BUTTON masks held down
 };
 
-// Objects created through the recorded calls that are not yet released.
-struct LiveObjects {
-    int windows = 0;
-    int renderers = 0;
-    int textures = 0;
-    int surfaces = 0;
-    int fonts = 0;
-};
-
 // Clears the log, the faults, the scripted pointer and the frames. Live counts stay: they describe
 // SDL.
 void ResetRecorder();
@@ -80,7 +71,9 @@ std::vector<SdlCall> RecordedCalls();
 std::vector<SdlCall> RecordedCalls(std::string_view name);
 int CountCalls(std::string_view name);
 
-LiveObjects CountLiveObjects();
+// Objects made through the recorded calls and not released yet, as
+// "W windows R renderers T textures S surfaces F fonts".
+std::string CountLiveObjects();
 
 // How often the creation entry point `name` was called since the reset.
 int CountCreations(std::string_view name);
