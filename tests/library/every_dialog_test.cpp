@@ -118,59 +118,45 @@ TEST_P(EveryDialog, SurvivesEachFailedCreationCall) {
 unsigned const kFixedSeeds[] = {1, 2, 3, 4};
 int const kRandomFrames = 240;
 
-// A few events for the newest window: keys, text of random bytes, clicks and
-// drags of the queued and the polled pointer, wheel, resizes, and every kind of
-// window event addressed to other windows.
+// A few events for the newest window: keys, text of random bytes, clicks and drags of
+// the queued and the polled pointer, wheel, resizes, and every kind of window event
+// addressed to other windows.
 void PushRandomEvents(Script& s, std::mt19937& rng, Uint32 parent_id) {
+    using namespace ztest::gestures;
     auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
     static SDL_Keycode const kKeys[] = {
         SDLK_ESCAPE,   SDLK_RETURN, SDLK_KP_ENTER, SDLK_TAB,  SDLK_BACKSPACE, SDLK_UP,
         SDLK_DOWN,     SDLK_LEFT,   SDLK_RIGHT,    SDLK_HOME, SDLK_END,       SDLK_PAGEUP,
         SDLK_PAGEDOWN, SDLK_SPACE,  SDLK_DELETE,   SDLK_a,    SDLK_1,         SDLK_F1};
-    int const count = static_cast<int>(sizeof(kKeys) / sizeof(kKeys[0]));
     for (int events = pick(4); events > 0; --events) {
         int const x = pick(1200) - 100;
         int const y = pick(900) - 100;
-        switch (pick(8)) {
-            case 0:  // Escape, the first key, comes up seldom
-                s.Key(kKeys[pick(20) == 0 ? 0 : 1 + pick(count - 1)], pick(4) == 0);
-                break;
-            case 1: {
-                char text[32] = {};
-                for (int i = 0, n = 1 + pick(31); i < n; ++i) {
-                    text[i] = static_cast<char>(1 + pick(255));
-                }
-                s.Text(text);
-                break;
-            }
-            case 2:
-                ztest::gestures::Click(x, y, static_cast<Uint8>(1 + pick(2)))(s);
-                break;
-            case 3:
-                s.Button(pick(2) == 0, x, y);
-                s.Motion(x, y);
-                break;
-            case 4:
-                s.Hover(x, y);
-                ztest::Pointer().buttons = pick(3) == 0 ? SDL_BUTTON_LMASK : 0;
-                s.Motion(x, y);
-                break;
-            case 5:
-                s.Wheel(pick(7) - 3);
-                break;
-            case 6:
-                SDL_SetWindowSize(s.Window(), 1 + pick(1400), 1 + pick(1000));
-                break;
-            default: {
-                SDL_Event event{};
-                event.type = SDL_WINDOWEVENT;
-                event.window.windowID = pick(2) == 0 ? parent_id : s.WindowId() + 1 + pick(5);
-                event.window.event = static_cast<Uint8>(1 + pick(SDL_WINDOWEVENT_HIT_TEST));
-                event.window.data1 = x;
-                event.window.data2 = y;
-                ztest::PushEvent(event);
-            }
+        std::string text(1 + pick(31), ' ');
+        for (char& c : text) {
+            c = static_cast<char>(1 + pick(255));
         }
+        SDL_Event window{SDL_WINDOWEVENT};  // for another window
+        window.window = {SDL_WINDOWEVENT,
+                         0,
+                         pick(2) == 0 ? parent_id : s.WindowId() + 1 + pick(5),
+                         static_cast<Uint8>(1 + pick(SDL_WINDOWEVENT_HIT_TEST)),
+                         0,
+                         0,
+                         0,
+                         x,
+                         y};
+        Step const gestures[] = {
+            Key(kKeys[pick(20) == 0 ? 0 : 1 + pick(17)], pick(4) == 0),  // Escape seldom
+            Text(text),
+            Click(x, y, static_cast<Uint8>(1 + pick(2))),
+            Button(pick(2) == 0, x, y),
+            Motion(x, y),
+            pick(3) == 0 ? Press(x, y) : Release(x, y),
+            Hover(x, y),
+            Wheel(pick(7) - 3),
+            Resize(1 + pick(1400), 1 + pick(1000)),
+            Event(window)};
+        gestures[pick(10)](s);
     }
 }
 

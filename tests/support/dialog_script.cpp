@@ -1,13 +1,9 @@
-// The heartbeat-driven dialog script and its event helpers.
+// The heartbeat-driven dialog script and its gestures.
 #include "support/dialog_script.h"
 
 #include "gui/frame.h"
 
 namespace ztest {
-
-void PushEvent(SDL_Event event) {
-    SDL_PushEvent(&event);
-}
 
 DialogScript::DialogScript() {
     zorvane::frontend::gui::SetModalDialogHeartbeat([this] { Beat(); });
@@ -17,29 +13,24 @@ DialogScript::~DialogScript() {
     zorvane::frontend::gui::SetModalDialogHeartbeat(nullptr);
 }
 
-DialogScript& DialogScript::At(int frame, Step step) {
+void DialogScript::At(int frame, Step step) {
     steps_[frame].push_back(std::move(step));
     last_step_frame_ = std::max(last_step_frame_, frame);
-    return *this;
 }
 
-DialogScript& DialogScript::Then(Step step, int frames) {
-    return At(last_step_frame_ + frames, std::move(step));
+void DialogScript::Then(Step step, int frames) {
+    At(last_step_frame_ + frames, std::move(step));
 }
 
 void DialogScript::Beat() {
     ++frame_;
-    auto const it = steps_.find(frame_);
-    if (it != steps_.end()) {
-        // Steps may add further steps, so run them from a copy.
-        std::vector<Step> const due = it->second;
-        for (Step const& step : due) {
-            step(*this);
-        }
+    std::vector<Step> const due = steps_[frame_];  // a copy: steps may add steps
+    for (Step const& step : due) {
+        step(*this);
     }
     if (frame_ > last_step_frame_ + grace_frames_) {
         timed_out_ = true;
-        PushEvent(SDL_Event{SDL_QUIT});
+        gestures::Quit()(*this);
     }
 }
 
@@ -48,111 +39,109 @@ SDL_Window* DialogScript::Window() const {
 }
 
 Uint32 DialogScript::WindowId() const {
-    SDL_Window* window = Window();
-    return window != nullptr ? SDL_GetWindowID(window) : 0;
+    return Window() != nullptr ? SDL_GetWindowID(Window()) : 0;
 }
 
 Frame DialogScript::Capture() const {
     return FrameOfWindow(WindowId());
 }
 
-void DialogScript::Key(SDL_Keycode sym, bool repeat) const {
-    SDL_Event event{SDL_KEYDOWN};
-    event.key = {SDL_KEYDOWN, 0, WindowId(), SDL_PRESSED, Uint8(repeat ? 1 : 0), 0, 0, {}};
-    event.key.keysym.sym = sym;
-    event.key.keysym.scancode = SDL_GetScancodeFromKey(sym);
-    PushEvent(event);
-}
-
-void DialogScript::Text(char const* text) const {
-    SDL_Event event{SDL_TEXTINPUT};
-    event.text.windowID = WindowId();
-    SDL_strlcpy(event.text.text, text, sizeof(event.text.text));
-    PushEvent(event);
-}
-
-void DialogScript::Button(bool down, int x, int y, Uint8 button, Uint8 clicks) const {
-    Uint32 const type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
-    SDL_Event event{type};
-    event.button = {type, 0, WindowId(), 0, button, Uint8(down ? 1 : 0), clicks, 0, x, y};
-    PushEvent(event);
-}
-
-void DialogScript::Motion(int x, int y) const {
-    SDL_Event event{SDL_MOUSEMOTION};
-    event.motion.windowID = WindowId();
-    event.motion.x = x;
-    event.motion.y = y;
-    PushEvent(event);
-}
-
-void DialogScript::Wheel(int y) const {
-    SDL_Event event{SDL_MOUSEWHEEL};
-    event.wheel.windowID = WindowId();
-    event.wheel.y = y;
-    PushEvent(event);
-}
-
-void DialogScript::Hover(int x, int y) const {
-    ScriptedPointer& pointer = Pointer();
-    pointer.active = true;
-    pointer.window = Window();
-    pointer.x = x;
-    pointer.y = y;
-}
-
 namespace gestures {
 
-using Step = DialogScript::Step;
+namespace {
 
-Step Key(SDL_Keycode key) {
-    return [key](DialogScript& s) { s.Key(key); };
+void Push(SDL_Event event) {
+    SDL_PushEvent(&event);
 }
-Step Text(char const* text) {
-    return [text](DialogScript& s) { s.Text(text); };
+
+void PointAt(DialogScript const& s, int x, int y, Uint32 buttons) {
+    Pointer() = {true, s.Window(), x, y, buttons};
+}
+
+}  // namespace
+
+Step Key(SDL_Keycode key, bool repeat) {
+    return [key, repeat](DialogScript& s) {
+        SDL_Event event{SDL_KEYDOWN};
+        event.key = {SDL_KEYDOWN, 0, s.WindowId(), SDL_PRESSED, Uint8(repeat ? 1 : 0), 0, 0, {}};
+        event.key.keysym.sym = key;
+        event.key.keysym.scancode = SDL_GetScancodeFromKey(key);
+        Push(event);
+    };
+}
+Step Text(std::string text) {
+    return [text](DialogScript& s) {
+        SDL_Event event{SDL_TEXTINPUT};
+        event.text.windowID = s.WindowId();
+        SDL_strlcpy(event.text.text, text.c_str(), sizeof(event.text.text));
+        Push(event);
+    };
 }
 Step Wheel(int notches) {
-    return [notches](DialogScript& s) { s.Wheel(notches); };
+    return [notches](DialogScript& s) {
+        SDL_Event event{SDL_MOUSEWHEEL};
+        event.wheel.windowID = s.WindowId();
+        event.wheel.y = notches;
+        Push(event);
+    };
+}
+Step Motion(int x, int y) {
+    return [x, y](DialogScript& s) {
+        SDL_Event event{SDL_MOUSEMOTION};
+        event.motion.windowID = s.WindowId();
+        event.motion.x = x;
+        event.motion.y = y;
+        Push(event);
+    };
+}
+Step Button(bool down, int x, int y, Uint8 button, Uint8 clicks) {
+    return [=](DialogScript& s) {
+        Uint32 const type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
+        SDL_Event event{type};
+        event.button = {type, 0, s.WindowId(), 0, button, Uint8(down ? 1 : 0), clicks, 0, x, y};
+        Push(event);
+    };
 }
 Step Hover(int x, int y) {
     return [x, y](DialogScript& s) {
-        s.Hover(x, y);
-        s.Motion(x, y);
+        PointAt(s, x, y, Pointer().buttons);
+        Motion(x, y)(s);
     };
 }
 Step Press(int x, int y) {
     return [x, y](DialogScript& s) {
-        s.Hover(x, y);
-        Pointer().buttons = SDL_BUTTON_LMASK;
-        s.Button(true, x, y);
+        PointAt(s, x, y, SDL_BUTTON_LMASK);
+        Button(true, x, y)(s);
     };
 }
 Step Release(int x, int y) {
     return [x, y](DialogScript& s) {
-        s.Hover(x, y);
-        Pointer().buttons = 0;
-        s.Button(false, x, y);
+        PointAt(s, x, y, 0);
+        Button(false, x, y)(s);
     };
 }
 Step Click(int x, int y, Uint8 clicks, Uint8 button) {
-    return [x, y, clicks, button](DialogScript& s) {
-        s.Hover(x, y);
-        s.Button(true, x, y, button, clicks);
-        s.Button(false, x, y, button, clicks);
+    return [=](DialogScript& s) {
+        PointAt(s, x, y, Pointer().buttons);
+        Button(true, x, y, button, clicks)(s);
+        Button(false, x, y, button, clicks)(s);
     };
 }
 Step Resize(int width, int height) {
     return [width, height](DialogScript& s) { SDL_SetWindowSize(s.Window(), width, height); };
 }
 Step Quit() {
-    return [](DialogScript&) { PushEvent(SDL_Event{SDL_QUIT}); };
+    return Event(SDL_Event{SDL_QUIT});
 }
 Step CloseWindow() {
     return [](DialogScript& s) {
         SDL_Event event{SDL_WINDOWEVENT};
         event.window = {SDL_WINDOWEVENT, 0, s.WindowId(), SDL_WINDOWEVENT_CLOSE, 0, 0, 0, 0, 0};
-        PushEvent(event);
+        Push(event);
     };
+}
+Step Event(SDL_Event event) {
+    return [event](DialogScript&) { Push(event); };
 }
 
 }  // namespace gestures
