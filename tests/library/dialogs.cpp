@@ -70,7 +70,12 @@ Dialog FolderPicker(std::string start) {
     };
 }
 
-Dialog FilePicker(PickFile show, std::string kinds, std::string start) {
+namespace {
+
+// A file picker whose pick must be a file with one of the extensions in `kinds`, each
+// followed by a space (".ttf .otf ").
+Dialog FilePicker(std::string (*show)(SDL_Window*, std::string const&), std::string kinds,
+                  std::string start = "") {
     return [show, kinds, start](SDL_Window* parent) {
         std::string const picked = show(parent, start);
         std::string const kind = fs::u8path(picked).extension().u8string() + " ";
@@ -79,6 +84,8 @@ Dialog FilePicker(PickFile show, std::string kinds, std::string start) {
         return Outcome{picked, picked.empty(), Broken(picked.empty() || fits, "not a " + kinds)};
     };
 }
+
+}  // namespace
 
 Dialog FontPicker() {
     return FilePicker(gui::ShowSimpleTtfFilePicker, ".ttf .otf ");
@@ -179,7 +186,9 @@ Dialog About(bool fonts) {
 // The sample sits in a folder named "café 日本", and some of its names go beyond ASCII
 // too, so that every path on its way into and out of a dialog passes the UTF-8
 // conversions, on Windows under any code page.
-SampleFolder::SampleFolder() {
+void WholeDialogTest::SetUp() {
+    DialogTest::SetUp();
+    ResetRecorder();
     std::string const root = "caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC/";
     std::error_code ignored;
     fs::path const fonts = dir_.path() / zorvane::utils::path_from_utf8(root + "data/ttf");
@@ -211,6 +220,12 @@ SampleFolder::SampleFolder() {
     dir_.Write(root + "out/images/c.img", "");
     cwd_ = std::make_unique<ScopedWorkingDirectory>(dir_.path() /
                                                     zorvane::utils::path_from_utf8(root));
+#ifndef _WIN32  // the watch sees what the process writes (file_watch.h)
+    FileWriteWatch const watch;
+    std::ofstream("probe") << "x";
+    fs::remove("probe");
+    EXPECT_EQ(watch.Writes().size(), 2u) << "the watch sees a file made and removed";
+#endif
 }
 
 SDL_Window* WholeDialogTest::parent_ = nullptr;
@@ -221,18 +236,6 @@ void WholeDialogTest::SetUpTestSuite() {
 
 void WholeDialogTest::TearDownTestSuite() {
     SDL_DestroyWindow(parent_);
-}
-
-void WholeDialogTest::SetUp() {
-    DialogTest::SetUp();
-    ResetRecorder();
-    sample_ = std::make_unique<SampleFolder>();
-#ifndef _WIN32  // the watch sees what the process writes (file_watch.h)
-    FileWriteWatch const watch;
-    std::ofstream("probe") << "x";
-    fs::remove("probe");
-    EXPECT_EQ(watch.Writes().size(), 2u) << "the watch sees a file made and removed";
-#endif
 }
 
 void WholeDialogTest::ResetRecorder() {

@@ -25,17 +25,14 @@ struct Outcome {
 };
 
 using Dialog = std::function<Outcome(SDL_Window* parent)>;
-using PickFile = std::string (*)(SDL_Window*, std::string const&);
 
 // A message box; the result is the id it returns.
 Dialog MessageBox(zorvane::frontend::gui::SdlMessageBox::Config config);
 // A message box with a Reset (1) and a Cancel (0, the cancel button) button, 420 wide.
 Dialog MessageBox(zorvane::frontend::gui::SdlMessageBox::Type type,
                   std::string message = "The emulated PC restarts from drive C:.");
+// The pickers; a file picker's pick must be a file of its kinds.
 Dialog FolderPicker(std::string start);
-// A file picker, whose pick must be a file with one of the extensions in `kinds`, each
-// followed by a space (".ttf .otf ").
-Dialog FilePicker(PickFile show, std::string kinds, std::string start = "");
 Dialog FontPicker();
 Dialog FloppyPicker(std::string start = "");
 Dialog ShaderPicker(std::string start = "shaders");
@@ -56,22 +53,10 @@ Dialog DiskImage();
 // The result lists the pages it opened; without fonts every measure takes its fallback.
 Dialog About(bool fonts = true);
 
-// The working directory of a test: the UI fonts of the project's data/ttf, floppy
-// images (four folders and 36 images), shaders/crt.glsl with five parameters and its
-// preset, a preset that sets two of them, and the folders out/captures and out/images.
-class SampleFolder {
-public:
-    SampleFolder();
-    SampleFolder(SampleFolder const&) = delete;
-    SampleFolder& operator=(SampleFolder const&) = delete;
-
-private:
-    TempDir dir_;
-    std::unique_ptr<ScopedWorkingDirectory> cwd_;
-};
-
-// A dialog test: the sample folder as the working directory, a hidden host window as
-// the parent, delays not slept.
+// A dialog test. Its working directory holds the UI fonts of the project's data/ttf,
+// floppy images (four folders and 36 images), shaders/crt.glsl with five parameters and
+// its preset, a preset that sets two of them, and the folders out/captures and
+// out/images; a hidden host window is the parent.
 class WholeDialogTest : public DialogTest {
 protected:
     static void SetUpTestSuite();
@@ -88,7 +73,8 @@ protected:
     static SDL_Window* parent_;
 
 private:
-    std::unique_ptr<SampleFolder> sample_;
+    TempDir dir_;
+    std::unique_ptr<ScopedWorkingDirectory> cwd_;
 };
 
 }  // namespace ztest
