@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Draws the reference pictures of tests/frames/references anew on this machine. A
+# Draws the reference pictures of tests/library/references anew on this machine. A
 # picture changes only in a commit whose message says why the dialog looks different.
 set -euo pipefail
 cd "$(dirname "$0")/.."
