@@ -141,7 +141,7 @@ Dialog ShaderParameters(std::string path) {
         for (gui::ShaderParameterValue const& value : result.values) {
             names += value.name + (std::isfinite(value.value) ? " " : "! ");
         }
-        outcome.broken = Broken(names == "CURVE SCAN MASK GAMMA TILT ", "values " + names);
+        outcome.broken = Broken(names.empty() || names == "CURVE SCAN MASK GAMMA TILT ", names);
         return outcome;
     };
 }

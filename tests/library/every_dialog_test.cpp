@@ -18,6 +18,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -187,6 +188,32 @@ TEST_P(EveryDialog, RandomInputNeverBreaksItAndAQuitClosesIt) {
             script.Then(ztest::gestures::Quit(), 5);
         }
         Run(GetParam().dialog, script);
+    }
+}
+
+// The settings and shader dialogs tell the user, in a box over the parent, when they
+// have no font or nothing to show; then no window of theirs opens.
+class DialogWithoutWindow : public ztest::WholeDialogTest {};
+
+TEST_F(DialogWithoutWindow, SaysWhyInABoxOverTheParent) {
+    std::tuple<char const*, ztest::Dialog, bool, char const*> const cases[] = {
+        {"settings without fonts", ztest::Settings(), false, "Settings\nFailed to load font."},
+        {"shader dialog without fonts", ztest::ShaderParameters(), false,
+         "Shader Parameters\nUnable to load a font via SDL_ttf."},
+        {"a shader without parameters", ztest::ShaderParameters("shaders/notes.txt"), true,
+         "Shader Parameters\nNo #pragma parameter lines were found in the selected shader "
+         "file."}};
+    for (auto const& [name, dialog, fonts, box] : cases) {
+        SCOPED_TRACE(name);
+        ResetRecorder();
+        ztest::Faults().allow_font_path = [fonts](std::string const&) { return fonts; };
+        Script script;
+        EXPECT_TRUE(Run(dialog, script).nothing_done);
+        auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
+        ASSERT_EQ(boxes.size(), 1u);
+        EXPECT_EQ(boxes[0].text + (boxes[0].object == parent_ ? ", over the parent" : ""),
+                  std::string(box) + ", over the parent");
+        EXPECT_EQ(ztest::CountCalls("SDL_ShowWindow"), 0);
     }
 }
 

@@ -1,9 +1,8 @@
-// Shader parameters: the parsers' line rules, presets and first passes, the dialog's model,
-// and the box that stands in for a dialog without parameters.
+// Shader parameters: the parsers' line rules, presets and first passes, and the dialog's
+// model.
 #include "shader_params/shader_dialog_model.h"
 #include "shader_params/shader_param_parsers.h"
 #include "support/records.h"
-#include "support/sdl_recorder.h"
 #include "support/temp_dir.h"
 #include "support/test_display.h"
 
@@ -107,25 +106,6 @@ TEST(ShaderDialogModel, SnappingPointerMappingRowsAndGeometry) {
                                     t.scrollbar_thumb.h}),
                   c);
     }
-}
-
-class ShaderDialog : public ztest::DialogTest {};
-
-// A file without declarations says so in a box over the parent and opens no window.
-TEST_F(ShaderDialog, AShaderWithoutParametersShowsABoxInstead) {
-    ztest::TempDir dir;
-    SDL_Window* parent = SDL_CreateWindow("host", 0, 0, 320, 200, SDL_WINDOW_HIDDEN);
-    ShaderDialogResult const result = ShowShaderParameterDialog(
-        parent, dir.Write("plain", "void main() {}\n").string(), 1, {}, {{"A", 1}});
-    auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
-    ASSERT_EQ(boxes.size(), 1u);
-    EXPECT_EQ(boxes[0].text,
-              "Shader Parameters\nNo #pragma parameter lines were found in the "
-              "selected shader file.");
-    EXPECT_EQ(boxes[0].object, parent);
-    EXPECT_EQ(ztest::Describe(result), "not accepted ");
-    EXPECT_EQ(ztest::CountCalls("SDL_CreateWindow"), 1) << "the host's window alone";
-    SDL_DestroyWindow(parent);
 }
 
 }  // namespace
