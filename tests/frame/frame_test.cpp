@@ -100,7 +100,8 @@ TEST(ModalWindow, CallsWithAndWithoutParentUnderFailuresAndNullReleases) {
     SDL_Window* parent = SDL_CreateWindow("host", 0x100, 0x200, 64, 64, SDL_WINDOW_HIDDEN);
     for (Case const& c : cases) {
         ztest::ResetRecorder();
-        ztest::Faults().fail_window_creation = c.fail_window;
+        ztest::Faults().fail_call = c.fail_window ? "SDL_CreateWindow" : "";
+        ztest::Faults().fail_nth = 1;
         ztest::Faults().fail_accelerated_renderer = true;
         ztest::Faults().fail_software_renderer = c.fail_software;
         {

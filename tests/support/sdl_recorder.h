@@ -38,7 +38,6 @@ struct Frame {
 
 // What the recorder injects into the calls.
 struct SdlFaults {
-    bool fail_window_creation = false;
     bool fail_accelerated_renderer = false;
     bool fail_software_renderer = false;
     bool skip_delays = false;  // record SDL_Delay without sleeping
