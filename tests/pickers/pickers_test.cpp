@@ -33,13 +33,7 @@ TEST(PickerEntries, ParentThenFoldersWithoutCaseThenAcceptedFilesWithTheirLabels
          {"Zeta/", "alpha/", "music.img/", "b.IMG", "A.img", "c.txt", "UPPER.IMA"}) {
         dir.Write(name.back() == '/' ? name + "keep" : name, "x");
     }
-    std::string folders = "../|alpha/|music.img/|Zeta/|";
-#ifndef _WIN32  // a linked folder is a folder; a dangling link and a FIFO are no image files
-    fs::create_directory_symlink(root / "alpha", root / "link_dir");
-    fs::create_symlink(root / "gone.img", root / "dangling.img");
-    ASSERT_EQ(mkfifo((root / "pipe.img").c_str(), 0600), 0);
-    folders = "../|alpha/|link_dir/|music.img/|Zeta/|";
-#endif
+    std::string const folders = "../|alpha/|music.img/|Zeta/|";
     EXPECT_EQ(NamesOf(ReadFilteredPickerEntries(root, IsAllowedImagePickerEntry)),
               folders + "A.img|b.IMG|UPPER.IMA|");
     EXPECT_EQ(NamesOf(ReadFolderPickerEntries(root)), folders);
@@ -47,7 +41,6 @@ TEST(PickerEntries, ParentThenFoldersWithoutCaseThenAcceptedFilesWithTheirLabels
     // A folder that cannot be listed (here a file) shows its parent alone.
     EXPECT_EQ(NamesOf(ReadFilteredPickerEntries(root / "A.img", IsAllowedImagePickerEntry)),
               "../|");
-
     PickerEntry const otf{"A.OTF", "A.OTF", false}, preset{"x.GLSLP", "x.GLSLP", false},
         dir_img{"m.img", "m.img", true};
     EXPECT_EQ(LabelFontPickerEntry(otf) + LabelShaderPickerEntry(preset) +
@@ -59,6 +52,15 @@ TEST(PickerEntries, ParentThenFoldersWithoutCaseThenAcceptedFilesWithTheirLabels
         kinds += IsShaderPickerEntry(name) ? 'S' : IsFontPickerEntry(name) ? 'F' : '-';
     }
     EXPECT_EQ(kinds, "SSSSSSFF----");
+#ifdef _WIN32
+    GTEST_SKIP() << "its symbolic links and FIFO are POSIX files";
+#else  // a linked folder is a folder; a dangling link and a FIFO are no image files
+    fs::create_directory_symlink(root / "alpha", root / "link_dir");
+    fs::create_symlink(root / "gone.img", root / "dangling.img");
+    ASSERT_EQ(mkfifo((root / "pipe.img").c_str(), 0600), 0);
+    EXPECT_EQ(NamesOf(ReadFilteredPickerEntries(root, IsAllowedImagePickerEntry)),
+              "../|alpha/|link_dir/|music.img/|Zeta/|A.img|b.IMG|UPPER.IMA|");
+#endif
 }
 
 class PickerDialog : public ztest::DialogTest {};

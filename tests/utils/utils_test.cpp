@@ -47,6 +47,8 @@ TEST(Utils, ReadTextFileIsBinarySafeAndFailsCleanly) {
     EXPECT_EQ(read(dir.path()), "failed |cannot open");
 #ifdef __linux__
     EXPECT_EQ(read("/proc/self/mem"), "failed |cannot read");  // opens, but fails to read
+#else
+    GTEST_SKIP() << "a file that opens but cannot be read is Linux's /proc/self/mem";
 #endif
 }
 }  // namespace
