@@ -1,6 +1,6 @@
 // The frame under every dialog: the heartbeat replaced, cleared and thrown from inside
 // itself and set from another thread; the modal window's SDL calls and null releases; the
-// half-open hit test and the list scrollbar; the font lookup order and one-line text.
+// half-open hit test and the list scrollbar; the font lookup order.
 #include "gui/frame.h"
 #include "frame/look.h"
 #include "frame/modal_window.h"
@@ -181,24 +181,9 @@ TEST_F(UiFonts, LookupOrderPassesOverAFolderAndABadFileAndEndsInTheSystemFont) {
         EXPECT_EQ(tried, c.tried) << "bold " << c.bold << " kind " << c.kind;
         EXPECT_EQ(font ? TTF_GetFontStyle(font.get()) : -1, c.style);
     }
+    ztest::ResetRecorder();  // the forms' font is the cached 16-point one
+    EXPECT_EQ(EnsureScreenshotDialogFont(), GetCachedSdlUiFont(16, false, kSemiBold));
+    EXPECT_NE(EnsureScreenshotDialogFont(), GetCachedSdlUiFont(17, false, kSemiBold));
 }
 
-TEST_F(UiFonts, DrawTextReportsItsRectangleOnlyWhenItDraws) {
-    SDL_Window* window = SDL_CreateWindow("t", 0, 0, 200, 60, SDL_WINDOW_HIDDEN);
-    SDL_Renderer* renderer = SDL_CreateRenderer(window, -1, SDL_RENDERER_SOFTWARE);
-    SdlUiFontHandle const font = OpenSdlUiFontHandle(15, false, kSemiBold);
-    ASSERT_TRUE(window && renderer && font);
-    SDL_Color const white{255, 255, 255, 255};
-    SDL_Rect rect{1, 2, 3, 4};
-    DrawSdlUiText(renderer, font.get(), "", 5, 6, white, &rect);
-    DrawSdlUiText(renderer, nullptr, "x", 5, 6, white, &rect);
-    DrawSdlUiText(nullptr, font.get(), "x", 5, 6, white, &rect);
-    EXPECT_EQ(std::vector<int>({rect.x, rect.y, rect.w, rect.h}), std::vector<int>({1, 2, 3, 4}));
-    DrawSdlUiText(renderer, font.get(), "Ag \xE2\x84\xB9", 5, 6, white, &rect);
-    EXPECT_EQ(std::vector<int>({rect.x, rect.y, rect.w > 10, rect.h}),
-              std::vector<int>({5, 6, true, TTF_FontHeight(font.get())}));
-    EXPECT_EQ(EnsureScreenshotDialogFont(), GetCachedSdlUiFont(16, false, kSemiBold));
-    SDL_DestroyRenderer(renderer);
-    SDL_DestroyWindow(window);
-}
 }  // namespace

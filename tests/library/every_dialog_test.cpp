@@ -206,7 +206,7 @@ TEST_F(DialogWithoutWindow, SaysWhyInABoxOverTheParent) {
     for (auto const& [name, dialog, fonts, box] : cases) {
         SCOPED_TRACE(name);
         ResetRecorder();
-        ztest::Faults().allow_font_path = [fonts](std::string const&) { return fonts; };
+        ztest::Faults().allow_font_path = [any = fonts](std::string const&) { return any; };
         Script script;
         EXPECT_TRUE(Run(dialog, script).nothing_done);
         auto const boxes = ztest::RecordedCalls("SDL_ShowSimpleMessageBox");
