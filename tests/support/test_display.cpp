@@ -1,5 +1,6 @@
 // The entry point of every test executable: SDL video up before the tests, down after,
-// and the fixture of a dialog test.
+// and the fixture of a dialog test. This main is the program's own, not SDL_main.
+#define SDL_MAIN_HANDLED
 #include "support/test_display.h"
 
 #include "gui/frame.h"
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     if (::testing::GTEST_FLAG(list_tests)) {
         return RUN_ALL_TESTS();
     }
+    SDL_SetMainReady();
     char const* driver = std::getenv("SDL_VIDEODRIVER");
     SDL_SetHint(SDL_HINT_VIDEODRIVER, driver != nullptr && driver[0] != '\0' ? driver : "dummy");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
