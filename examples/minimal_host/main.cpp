@@ -1,6 +1,7 @@
 // The smallest host: SDL's video up, a heartbeat, one message box and its answer. Its
 // heartbeat presses Escape on the third beat, so it also runs unattended, as the
 // consumer test runs it against an installed copy and an embedded tree.
+#define SDL_MAIN_HANDLED  // main is this program's own, on Windows too
 #include <gui/frame.h>
 #include <gui/message_box.h>
 
@@ -11,6 +12,7 @@
 namespace gui = zorvane::frontend::gui;
 
 int main(int /*argc*/, char* /*argv*/[]) {
+    SDL_SetMainReady();
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         return 1;
     }
