@@ -1,7 +1,7 @@
 // String, path and file helpers of the utility stand-in.
 #include "zorvane/utils.h"
 
-#include <fstream>
+#include <cstdio>
 #include <system_error>
 #include <vector>
 
@@ -146,18 +146,26 @@ bool read_text_file(std::filesystem::path const& path, std::string& text, std::s
         error = open_error != nullptr ? open_error : "";
         return false;
     }
-    std::ifstream stream(path, std::ios::in | std::ios::binary);
-    if (!stream.is_open()) {
+    // C's streams tell a failed read (ferror) from the end of the file on every standard
+    // library; C++ streams report one only under some of them.
+#ifdef _WIN32
+    std::FILE* file = _wfopen(path.c_str(), L"rb");
+#else
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+#endif
+    if (file == nullptr) {
         error = open_error != nullptr ? open_error : "";
         return false;
     }
-    // Read in large blocks rather than character by character: shader sources can be big.
+    // Read in large blocks: shader sources can be big.
     std::string content;
     char block[1 << 16];
-    while (stream.read(block, sizeof(block)) || stream.gcount() > 0) {
-        content.append(block, static_cast<std::size_t>(stream.gcount()));
+    for (std::size_t n = 0; (n = std::fread(block, 1, sizeof(block), file)) > 0;) {
+        content.append(block, n);
     }
-    if (stream.bad()) {
+    bool const failed = std::ferror(file) != 0;
+    std::fclose(file);
+    if (failed) {
         error = read_error != nullptr ? read_error : "";
         return false;
     }
